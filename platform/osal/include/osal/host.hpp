@@ -1,0 +1,65 @@
+// Host-only controls of the platform-support stand-in, for tests and the simulator.
+// Nothing in the UI library may include this header.
+#pragma once
+
+#include "localization.hpp"
+#include "log.hpp"
+#include "resource.hpp"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace osal::host {
+
+// Restores every default below (log sink, strings, currency, palette, clock, capabilities,
+// beeps, exception reports).
+void reset();
+
+// Logging: every written line goes to the sink (default: standard error).
+void setLogSink(std::function<void(LogLevel, const std::string&)> sink);
+
+struct ExceptionReport {
+    std::string source;
+    int line = 0;
+    std::string what; // empty when no exception object was given
+};
+std::vector<ExceptionReport> exceptionReports();
+void clearExceptionReports();
+
+// Strings: "id=text" lines, '#' starts a comment. Without a call, "res/strings/en.txt" is read
+// on first use. Returns false when the file cannot be read (the table is then left as it was).
+bool loadStrings(const std::string& path);
+void setString(int id, const std::string& text);
+void clearStrings();
+
+void setCurrency(const localization::Currency& currency);
+// Makes getDefaultCurrency throw, as when the terminal has no currency configured.
+void setCurrencyUnavailable(bool unavailable);
+
+void setColor(resource::BrandingColorId id, unsigned rgba);
+
+void setCapabilities(bool battery, bool ethernet);
+
+// The local clock. Pinned, it stays at the given local seconds since the epoch.
+void pinClock(int64_t localSecondsSinceEpoch);
+void unpinClock();
+
+// Virtual time for the monotonic clock: device::sleep then advances it at once.
+void useVirtualTime(bool enabled);
+void advanceTime(std::chrono::milliseconds by);
+
+// Beeps, instead of a speaker.
+struct Beep {
+    unsigned frequencyHz = 0;
+    unsigned durationMs = 0;
+    int64_t atMs = 0; // monotonic clock
+};
+std::vector<Beep> beeps();
+void clearBeeps();
+// Called for each beep, for a simulator that plays them.
+void setBeepHandler(std::function<void(const Beep&)> handler);
+
+} // namespace osal::host

@@ -1,0 +1,77 @@
+// Host-only controls of the Xui stand-in, for tests, benchmarks and the simulator.
+// Nothing in the UI library may include this header: a terminal has no such thing.
+#pragma once
+
+#include "xui.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace xui_host {
+
+// Panel size before rotation, used by the next XuiOpen. Default 320 x 240.
+void setPanelSize(unsigned width, unsigned height);
+
+// Closes the display if open, empties the key queue and the trace, restores the defaults
+// (panel size, key wait limit, animation clock). Fonts stay: the library caches their handles.
+void reset();
+
+// Keys --------------------------------------------------------------------------------------
+// Queues a key code (XUI_KEY_* or a digit character) for XuiGetKey; callable from any thread.
+void pushKey(int code);
+// How long XuiGetKey waits for a key before it returns XUI_KEY_NONE, so that a reader can
+// notice it is being shut down; zero waits for ever. Default 100 ms.
+void setKeyWaitLimit(std::chrono::milliseconds limit);
+// Number of keys taken from the queue by XuiGetKey so far.
+uint64_t keysRead();
+
+// Trace -------------------------------------------------------------------------------------
+// One Xui call as the library made it. Handles are named: "root", "statusbar", "c<n>" for
+// created canvases, "f<n>" fonts, "i<n>" images, "null"; texts are quoted; colours in hex.
+struct Call {
+    std::string function; // without the Xui prefix, e.g. "CanvasDrawText"
+    std::vector<std::string> args;
+    std::string str() const; // "CanvasDrawText(c1, 0, 0, 20, f1, 0, 0xff000000, \"Hi\")"
+};
+void setTracing(bool enabled); // off by default
+void clearTrace();
+std::vector<Call> trace();
+std::vector<Call> trace(const std::string& function); // only the calls of one function
+std::string nameOf(const void* handle);
+
+// Frames ------------------------------------------------------------------------------------
+// A frame is shown each time a canvas is made visible (XuiShowWindow with 1).
+uint64_t framesShown();
+// Waits until at least count frames have been shown; false on time-out.
+bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout);
+
+// Pixels ------------------------------------------------------------------------------------
+struct Pixels {
+    unsigned width = 0;
+    unsigned height = 0;
+    std::vector<uint32_t> argb; // row-major, 0xAARRGGBB, not premultiplied
+
+    uint32_t at(unsigned x, unsigned y) const { return argb[size_t(y) * width + x]; }
+    bool empty() const { return argb.empty(); }
+};
+// The composited panel: status bar strip on top, the root area below it.
+Pixels screen();
+// One canvas as composited with its visible children; empty for an unknown handle.
+Pixels canvas(const XuiWindow* canvas);
+Pixels image(const XuiImg* image);
+bool savePng(const Pixels& pixels, const std::string& path);
+Pixels loadPng(const std::string& path); // empty when unreadable
+
+// GIF animation clock -----------------------------------------------------------------------
+// By default animations follow the steady clock. A pinned clock shows the frame due at the
+// given number of milliseconds since each animation started, until unpinned.
+void pinAnimationTime(std::chrono::milliseconds sinceStart);
+void unpinAnimationTime();
+
+// Status-bar icons set with XuiSetStatusbarIcon, by icon number.
+std::string statusbarIcon(int icon);
+
+} // namespace xui_host

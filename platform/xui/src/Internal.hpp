@@ -1,0 +1,142 @@
+// Shared state of the Xui stand-in. Every entry point takes State::mutex, so the renderer is
+// safe to call from any thread; only the key queue has a lock of its own (XuiGetKey blocks).
+#pragma once
+
+#include "xui.h"
+#include "xui_host.hpp"
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+struct _XuiFont {};
+
+namespace xui_impl {
+
+using Clock = std::chrono::steady_clock;
+
+struct Image : _XuiImg {
+    int id = 0;
+    std::vector<uint32_t> px; // 0xAARRGGBB, row-major
+
+    Image(unsigned w, unsigned h, uint32_t fill = 0);
+    uint32_t at(unsigned x, unsigned y) const { return px[size_t(y) * width + x]; }
+};
+
+struct GifFrame {
+    Image picture{0, 0};   // the whole logical screen after this frame was applied
+    unsigned delayMs = 0;  // how long the frame stays
+};
+
+struct GifAnimation {
+    std::vector<GifFrame> frames;
+    unsigned totalMs = 0;
+    Clock::time_point start;
+};
+
+struct Canvas : _XuiWindow {
+    int id = 0;
+    std::string name;
+    Canvas* parent = nullptr;
+    std::vector<Canvas*> children; // creation order is compositing order
+    int x = 0;
+    int y = 0;
+    bool visible = false;
+    std::vector<uint32_t> px;
+    uint32_t background = 0; // 0xAARRGGBB
+    XuiBgStyle backgroundStyle = XUI_BG_NORMAL;
+    std::unique_ptr<Image> backgroundImage;
+    std::unique_ptr<GifAnimation> gif;
+    XuiButtonStat buttonStat[2] = {};
+    int buttonKey = 0;
+    std::vector<uint16_t> signature{0xFFFF, 0xFFFF};
+
+    Canvas(unsigned w, unsigned h);
+};
+
+struct Font : _XuiFont {
+    int id = 0;
+    std::string path;
+    void* face = nullptr; // FT_Face; Text.cpp owns the FreeType side
+};
+
+struct State {
+    std::mutex mutex;
+    bool open = false;
+    bool suspended = false;
+    unsigned panelWidth = 320;
+    unsigned panelHeight = 240;
+    unsigned statusbarHeight = 0;
+    Canvas* root = nullptr;
+    Canvas* statusbar = nullptr;
+    std::set<Canvas*> canvases;
+    std::map<const Image*, std::unique_ptr<Image>> images;
+    std::map<const Font*, std::unique_ptr<Font>> fonts;
+    int nextCanvasId = 1;
+    int nextImageId = 1;
+    int nextFontId = 1;
+    std::map<int, std::string> statusbarIcons;
+    bool animationPinned = false;
+    std::chrono::milliseconds pinnedAnimationTime{0};
+};
+
+State& state();
+
+Canvas* findCanvas(const XuiWindow* handle); // null for an unknown handle; mutex held
+Image* findImage(const XuiImg* handle);      // likewise
+Font* findFont(const XuiFont* handle);       // likewise
+Image* adoptImage(std::unique_ptr<Image> image); // registers a new handle; mutex held
+
+Canvas* createCanvas(Canvas* parent, unsigned x, unsigned y, unsigned w, unsigned h);
+void destroyCanvas(Canvas* canvas);
+void destroyAllCanvases();
+void clearArea(Canvas& canvas, int x, int y, int w, int h);
+void fillRect(Canvas& canvas, int x, int y, int w, int h, uint32_t color, int radius, bool fill);
+void drawImage(Canvas& canvas, int x, int y, int w, int h, XuiBgStyle style, const Image& image);
+xui_host::Pixels composite(const Canvas& canvas);
+xui_host::Pixels compositeScreen();
+void refreshGif(Canvas& canvas);
+
+// Source-over blend of non-premultiplied colours.
+uint32_t blend(uint32_t dst, uint32_t src);
+// The colour with its alpha scaled by coverage (0..255).
+inline uint32_t withCoverage(uint32_t color, unsigned coverage) {
+    unsigned a = ((color >> 24) * coverage + 127) / 255;
+    return (color & 0x00FFFFFFu) | (a << 24);
+}
+
+// Text (FreeType)
+Font* createFont(const char* path, int index, XuiFontSet set);
+void destroyFont(Font* font);
+int textWidth(Font& font, unsigned size, const char* text);
+void drawText(Canvas& canvas, int x, int y, unsigned size, Font& font, XuiTextStyle style, uint32_t color,
+              const char* text);
+
+// PNG (libpng)
+std::unique_ptr<Image> decodePngFile(const char* path);
+std::unique_ptr<Image> decodePngMemory(const unsigned char* data, size_t length);
+bool encodePngFile(const xui_host::Pixels& pixels, const char* path);
+
+// GIF (giflib)
+std::unique_ptr<GifAnimation> decodeGif(const char* path);
+
+// Keys
+void keysOpen(bool open); // call without State::mutex held
+void keysReset();
+
+// Trace
+bool tracing();
+void record(const char* function, std::vector<std::string> args);
+void noteFrameShown();
+void traceReset();
+std::string arg(const void* handle);
+std::string arg(long long value);
+std::string argHex(uint32_t value);
+std::string argText(const char* text);
+
+} // namespace xui_impl

@@ -1,0 +1,156 @@
+// The platform-support stand-in: the behaviours the library builds on.
+#include "Support.hpp"
+
+#include <osal/date_time.hpp>
+#include <osal/device.hpp>
+#include <osal/event.hpp>
+#include <osal/input.hpp>
+#include <osal/localization.hpp>
+#include <osal/strings.hpp>
+#include <osal/timer.hpp>
+
+#include <boost/exception/exception.hpp>
+
+#include <fstream>
+#include <thread>
+
+namespace {
+
+using Osal = test::PlatformTest;
+using Pieces = std::vector<std::string>;
+
+TEST_F(Osal, Split_DropsEmptyPieces) {
+    struct Case {
+        std::string text;
+        Pieces pieces;
+    } cases[] = {
+        {"", {}},
+        {"   ", {}},
+        {"one", {"one"}},
+        {" a  b ", {"a", "b"}},
+        {"a,b;c", {"a,b;c"}},
+        {"line\nbreak here", {"line\nbreak", "here"}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(splitOnDelimeters(c.text, " "), c.pieces) << '"' << c.text << '"';
+    EXPECT_EQ(splitOnDelimeters("a,b;c", ",;"), (Pieces{"a", "b", "c"}));
+}
+
+TEST_F(Osal, Trim_RemovesOnlyTheGivenCharactersAtTheEnds) {
+    EXPECT_EQ(trim("  a b  ", " "), "a b");
+    EXPECT_EQ(trim("\t a \n"), "a");
+    EXPECT_EQ(trim("\t a \n", " "), "\t a \n");
+    EXPECT_EQ(trim("   ", " "), "");
+}
+
+TEST_F(Osal, Localization_UnknownIdThrows_TableLoadsFromFile) {
+    osal::host::clearStrings();
+    EXPECT_THROW(Localization::getLocalizedString(1), LocalizationException);
+    const std::string path = ::testing::TempDir() + "/strings.txt";
+    {
+        std::ofstream out(path);
+        out << "# comment\n1=Sale\n2 = Refund=ok\nbad line\nx=not a number\n";
+    }
+    ASSERT_TRUE(osal::host::loadStrings(path));
+    EXPECT_EQ(Localization::getLocalizedString(1), "Sale");
+    EXPECT_EQ(Localization::getLocalizedString(2), " Refund=ok");
+    EXPECT_FALSE(osal::host::loadStrings("no/such/file"));
+    EXPECT_EQ(Localization::getLocalizedString(1), "Sale");
+}
+
+TEST_F(Osal, Localization_DefaultTableComesFromResources) {
+    EXPECT_NO_THROW(Localization::getLocalizedString(1));
+}
+
+TEST_F(Osal, Currency_IsSettable_AndCanBeUnavailable) {
+    osal::host::setCurrency({"EUR", ",", 2});
+    EXPECT_EQ(Localization::getDefaultCurrency().symbol, "EUR");
+    osal::host::setCurrencyUnavailable(true);
+    EXPECT_THROW(Localization::getDefaultCurrency(), LocalizationException);
+}
+
+TEST_F(Osal, Keys_ConvertFromSystemCodes) {
+    using namespace device::input;
+    EXPECT_EQ(getKeyFromSystemKey('1'), KEY_1);
+    EXPECT_EQ(getKeyFromSystemKey('9'), KEY_9);
+    EXPECT_EQ(getKeyFromSystemKey('0'), KEY_0);
+    EXPECT_EQ(int(KEY_0), 10);
+    EXPECT_EQ(getKeyFromSystemKey(XUI_KEY_ENTER), KEY_ENTER);
+    EXPECT_EQ(getKeyFromSystemKey(XUI_KEY_F1 + 3), KEY_F4);
+    EXPECT_EQ(getKeyFromSystemKey(-5), KEY_NONE);
+    EXPECT_EQ(getKeyString(KEY_0), "0");
+    EXPECT_EQ(getKeyString(KEY_7), "7");
+    EXPECT_EQ(getKeyString(KEY_ENTER), "");
+    EXPECT_EQ(getKeyName(KEY_F2), "F2");
+}
+
+TEST_F(Osal, Log_WritesOnlyAdmittedLevels) {
+    GetGlobalLogConfig().setLevel(LogLevel::Error);
+    LOG(LogLevel::Info) << "quiet";
+    LOG(LogLevel::Error) << "loud " << 42;
+    auto lines = log();
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("loud 42"), std::string::npos);
+}
+
+TEST_F(Osal, LogException_RecordsSourceLineAndWhat) {
+    struct BoostError : boost::exception {};
+    LogException("Here", 7);
+    LogException("There", 8, std::runtime_error("boom"));
+    LogException("Boost", 9, BoostError());
+    auto reports = osal::host::exceptionReports();
+    ASSERT_EQ(reports.size(), 3u);
+    EXPECT_EQ(reports[0].source, "Here");
+    EXPECT_EQ(reports[1].line, 8);
+    EXPECT_EQ(reports[1].what, "boom");
+    EXPECT_EQ(reports[2].source, "Boost");
+    EXPECT_EQ(log().size(), 3u);
+}
+
+TEST_F(Osal, Event_KeepsOneNotification_AndTimesOut) {
+    AutomaticResetEvent<> event;
+    std::mutex m;
+    std::unique_lock<std::mutex> lock(m);
+    event.notify_one();
+    event.notify_one();
+    event.wait(lock); // the kept notification
+    EXPECT_TRUE(lock.owns_lock());
+    EXPECT_FALSE(event.wait_for(lock, std::chrono::milliseconds(5))); // collapsed into one
+    std::thread t([&] { event.notify_one(); });
+    event.wait(lock);
+    t.join();
+}
+
+TEST_F(Osal, VirtualTime_DrivesTimersAndSleep) {
+    osal::host::useVirtualTime(true);
+    Timer timer;
+    EXPECT_EQ(timer.elapsed(), 0);
+    osal::host::advanceTime(std::chrono::milliseconds(749));
+    EXPECT_EQ(timer.elapsed(), 749);
+    device::sleep(1);
+    EXPECT_EQ(timer.elapsed(), 750);
+    timer.restart();
+    EXPECT_EQ(timer.elapsed(), 0);
+}
+
+TEST_F(Osal, Beeps_AreRecordedOnTheTimeline) {
+    osal::host::useVirtualTime(true);
+    device::beep(1500, 100);
+    osal::host::advanceTime(std::chrono::milliseconds(300));
+    device::beep(750, 200);
+    auto beeps = osal::host::beeps();
+    ASSERT_EQ(beeps.size(), 2u);
+    EXPECT_EQ(beeps[0].frequencyHz, 1500u);
+    EXPECT_EQ(beeps[1].durationMs, 200u);
+    EXPECT_EQ(beeps[1].atMs - beeps[0].atMs, 300);
+}
+
+TEST_F(Osal, Clock_CanBePinned) {
+    osal::host::pinClock(1741338300); // 2025-03-07 09:05 local
+    const auto t = date_time::ptime_from_epoch(date_time::getLocalTime().get());
+    EXPECT_EQ(t.date().day(), 7);
+    EXPECT_EQ(t.time_of_day().hours(), 9);
+    EXPECT_EQ(t.time_of_day().minutes(), 5);
+}
+
+} // namespace

@@ -1,0 +1,295 @@
+// The graphics stand-in as a renderer: what it paints must be what a terminal would show.
+#include "Support.hpp"
+
+#include <xui.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+namespace {
+
+constexpr uint32_t kWhite = 0xFFFFFFFF;
+constexpr uint32_t kBlack = 0xFF000000;
+constexpr uint32_t kRed = 0xFFFF0000;
+constexpr uint32_t kBlue = 0xFF0000FF;
+char kFontPath[] = "./res/Carlito-Regular.ttf";
+
+class XuiRenderer : public test::PlatformTest {
+protected:
+    XuiWindow* whiteCanvas(unsigned x, unsigned y, unsigned w, unsigned h) {
+        XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), x, y, w, h);
+        XuiCanvasSetBackground(c, XUI_BG_NORMAL, nullptr, kWhite);
+        XuiShowWindow(c, 1, 0);
+        return c;
+    }
+    XuiFont* font() {
+        static XuiFont* f = XuiCreateFont(kFontPath, 0, XUI_FONT_SET_DEFAULT);
+        return f;
+    }
+    std::string tempPath(const std::string& name) {
+        return ::testing::TempDir() + "/" + name + std::to_string(::getpid()) + ".png";
+    }
+};
+
+TEST_F(XuiRenderer, Text_LandsWhereDrawn_AndWidthMatchesItsInk) {
+    XuiWindow* c = whiteCanvas(0, 0, 200, 60);
+    const int width = XuiTextWidth(font(), 20, "Hello World");
+    ASSERT_GT(width, 60);
+    XuiCanvasDrawText(c, 30, 10, 20, font(), XUI_TEXT_NORMAL, kBlack, "Hello World");
+
+    test::Box ink = test::inkBox(xui_host::canvas(c), kWhite);
+    ASSERT_FALSE(ink.empty());
+    // Side bearings are a pixel or two; the ink must not stray outside the measured advance.
+    EXPECT_GE(ink.x0, 30);
+    EXPECT_LE(ink.x0, 33);
+    EXPECT_LE(ink.x1, 30 + width);
+    EXPECT_GE(ink.x1, 30 + width - 3);
+    // y is the top of a 20-pixel line: capitals start below it and end above its bottom.
+    EXPECT_GE(ink.y0, 10);
+    EXPECT_LE(ink.y1, 10 + 20);
+}
+
+TEST_F(XuiRenderer, Text_WidthIsAdditive_AndScalesWithSize) {
+    const int ab = XuiTextWidth(font(), 20, "ab");
+    EXPECT_EQ(ab, XuiTextWidth(font(), 20, "a") + XuiTextWidth(font(), 20, "b"));
+    EXPECT_GT(XuiTextWidth(font(), 40, "ab"), ab);
+    EXPECT_EQ(XuiTextWidth(font(), 20, ""), 0);
+    EXPECT_EQ(XuiTextWidth(nullptr, 20, "ab"), 0);
+}
+
+TEST_F(XuiRenderer, Text_InvalidUtf8_DrawsReplacementsWithoutHarm) {
+    XuiWindow* c = whiteCanvas(0, 0, 300, 40);
+    const char* broken[] = {"\xff", "ab\xc3", "\xe2\x82", "\xed\xa0\x80", "\xc0\xaf", "\xf8\x88\x80\x80\x80"};
+    const int replacement = XuiTextWidth(font(), 20, "\xef\xbf\xbd");
+    for (const char* text : broken) {
+        EXPECT_EQ(XuiCanvasDrawText(c, 0, 0, 20, font(), XUI_TEXT_NORMAL, kBlack, text), 0) << text;
+        EXPECT_GT(XuiTextWidth(font(), 20, text), 0);
+    }
+    // A lone bad byte measures as one replacement character; a cut sequence keeps what came before.
+    EXPECT_EQ(XuiTextWidth(font(), 20, "\xff"), replacement);
+    EXPECT_EQ(XuiTextWidth(font(), 20, "ab\xc3"), XuiTextWidth(font(), 20, "ab") + replacement);
+    EXPECT_EQ(XuiTextWidth(font(), 20, "\xc3\xa9"), XuiTextWidth(font(), 20, "\xc3\xa9")); // é stays é
+}
+
+TEST_F(XuiRenderer, Text_OutsideTheCanvas_IsClipped) {
+    XuiWindow* c = whiteCanvas(0, 0, 40, 20);
+    EXPECT_EQ(XuiCanvasDrawText(c, 30, 10, 20, font(), XUI_TEXT_NORMAL, kBlack, "Wide text"), 0);
+    EXPECT_EQ(XuiCanvasDrawText(c, 0xFFFFFFF0u, 0, 20, font(), XUI_TEXT_NORMAL, kBlack, "wrapped"), 0);
+    test::Box ink = test::inkBox(xui_host::canvas(c), kWhite);
+    EXPECT_GE(ink.x0, 30);
+}
+
+TEST_F(XuiRenderer, Rect_FillsExactlyItsBox_OutlineOnlyItsEdge) {
+    XuiWindow* c = whiteCanvas(0, 0, 50, 50);
+    XuiCanvasDrawRect(c, 5, 6, 10, 4, kRed, 0, 1);
+    XuiCanvasDrawRect(c, 20, 20, 10, 10, kBlue, 0, 0);
+    auto p = xui_host::canvas(c);
+    for (unsigned y = 0; y < 50; ++y)
+        for (unsigned x = 0; x < 50; ++x) {
+            const bool inFill = x >= 5 && x < 15 && y >= 6 && y < 10;
+            const bool inOutline = x >= 20 && x < 30 && y >= 20 && y < 30;
+            const bool onEdge = inOutline && (x == 20 || x == 29 || y == 20 || y == 29);
+            const uint32_t expected = inFill ? kRed : onEdge ? kBlue : kWhite;
+            ASSERT_EQ(p.at(x, y), expected) << x << "," << y;
+        }
+}
+
+TEST_F(XuiRenderer, Rect_RoundedCornersLeaveTheCornerPixel) {
+    XuiWindow* c = whiteCanvas(0, 0, 20, 20);
+    XuiCanvasDrawRect(c, 0, 0, 10, 10, kRed, 2, 1);
+    auto p = xui_host::canvas(c);
+    EXPECT_EQ(p.at(0, 0), kWhite);
+    EXPECT_EQ(p.at(5, 5), kRed);
+    EXPECT_EQ(p.at(0, 5), kRed);
+}
+
+TEST_F(XuiRenderer, Rect_TranslucentColourBlends) {
+    XuiWindow* c = whiteCanvas(0, 0, 4, 4);
+    XuiCanvasDrawRect(c, 0, 0, 4, 4, 0x80000000u, 0, 1);
+    const uint32_t p = xui_host::canvas(c).at(1, 1);
+    EXPECT_EQ(p >> 24, 0xFFu);
+    EXPECT_NEAR(int(p & 0xFF), 127, 1);
+}
+
+TEST_F(XuiRenderer, ClearArea_RestoresTheBackground) {
+    XuiWindow* c = whiteCanvas(0, 0, 30, 30);
+    XuiCanvasDrawRect(c, 0, 0, 30, 30, kRed, 0, 1);
+    XuiClearArea(c, 10, 10, 5, 5);
+    auto p = xui_host::canvas(c);
+    EXPECT_EQ(p.at(12, 12), kWhite);
+    EXPECT_EQ(p.at(9, 9), kRed);
+    EXPECT_EQ(test::countColour(p, kWhite), 25u);
+    XuiClearArea(c, 0, 0, 1000, 1000); // larger than the canvas: clipped
+    EXPECT_EQ(test::countColour(xui_host::canvas(c), kWhite), 900u);
+}
+
+TEST_F(XuiRenderer, Screen_ShowsStatusbarOnTop_AndOnlyVisibleCanvasesInCreationOrder) {
+    XuiWindow* bar = XuiCreateCanvas(XuiStatusbarCanvas(), 0, 0, 320, 24);
+    XuiCanvasSetBackground(bar, XUI_BG_NORMAL, nullptr, kBlue);
+    XuiShowWindow(bar, 1, 0);
+    XuiWindow* below = whiteCanvas(0, 0, 100, 100);
+    XuiWindow* above = XuiCreateCanvas(XuiRootCanvas(), 50, 50, 100, 100);
+    XuiCanvasSetBackground(above, XUI_BG_NORMAL, nullptr, kRed);
+    XuiShowWindow(above, 1, 0);
+    XuiWindow* hidden = XuiCreateCanvas(XuiRootCanvas(), 200, 100, 50, 50);
+    XuiCanvasSetBackground(hidden, XUI_BG_NORMAL, nullptr, kRed);
+    (void)below;
+
+    auto screen = xui_host::screen();
+    ASSERT_EQ(screen.width, 320u);
+    ASSERT_EQ(screen.height, 240u);
+    EXPECT_EQ(screen.at(10, 10), kBlue);            // status bar strip
+    EXPECT_EQ(screen.at(10, 24 + 10), kWhite);      // root area starts below it
+    EXPECT_EQ(screen.at(60, 24 + 60), kRed);        // the later canvas covers the earlier
+    EXPECT_EQ(screen.at(210, 24 + 110), kBlack);    // hidden: root background shows
+    XuiShowWindow(hidden, 1, 0);
+    EXPECT_EQ(xui_host::screen().at(210, 24 + 110), kRed);
+    XuiShowWindow(above, 0, 0);
+    EXPECT_EQ(xui_host::screen().at(60, 24 + 60), kWhite);
+}
+
+TEST_F(XuiRenderer, Open_RotationSwapsThePanelSides) {
+    XuiClose();
+    xui_host::setPanelSize(320, 240);
+    open(90, 20);
+    EXPECT_EQ(XuiRootCanvas()->width, 240u);
+    EXPECT_EQ(XuiRootCanvas()->height, 320u);
+    EXPECT_EQ(XuiStatusbarCanvas()->height, 20u);
+}
+
+TEST_F(XuiRenderer, BadHandles_AreRefusedNotFollowed) {
+    XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 10, 10);
+    XuiDestroyWindow(c);
+    EXPECT_EQ(XuiCanvasDrawRect(c, 0, 0, 1, 1, kRed, 0, 1), -1);
+    EXPECT_EQ(XuiDestroyWindow(c), -1);
+    EXPECT_EQ(XuiImgFree(nullptr), -1);
+    EXPECT_EQ(XuiCreateCanvas(nullptr, 0, 0, 1, 1), nullptr);
+}
+
+TEST_F(XuiRenderer, Png_RoundTripsThroughSaveAndLoad) {
+    XuiWindow* c = whiteCanvas(0, 0, 8, 6);
+    XuiCanvasDrawRect(c, 2, 2, 3, 2, 0x8000FF00u, 0, 1);
+    XuiImg* shot = XuiCaptureCanvas(c, 0, 0, 8, 6);
+    ASSERT_NE(shot, nullptr);
+    const std::string path = tempPath("roundtrip");
+    ASSERT_EQ(XuiImgSaveToFile(shot, path.c_str()), 0);
+    XuiImg* loaded = XuiImgLoadFromFile(path.c_str());
+    ASSERT_NE(loaded, nullptr);
+    EXPECT_EQ(xui_host::image(loaded).argb, xui_host::image(shot).argb);
+
+    std::vector<char> rgba(8 * 6 * 4);
+    XuiImgToRgba(loaded, rgba.data());
+    EXPECT_EQ(uint8_t(rgba[0]), 0xFF); // R of white
+    EXPECT_EQ(uint8_t(rgba[3]), 0xFF); // A
+    XuiImgFree(shot);
+    XuiImgFree(loaded);
+    std::remove(path.c_str());
+}
+
+TEST_F(XuiRenderer, Png_MissingTruncatedOrGarbage_LoadsAsNull) {
+    EXPECT_EQ(XuiImgLoadFromFile("no/such/file.png"), nullptr);
+    EXPECT_EQ(XuiImgLoadFromFile(nullptr), nullptr);
+
+    XuiWindow* c = whiteCanvas(0, 0, 32, 32);
+    XuiImg* shot = XuiCaptureCanvas(c, 0, 0, 32, 32);
+    const std::string path = tempPath("truncated");
+    ASSERT_EQ(XuiImgSaveToFile(shot, path.c_str()), 0);
+    std::ifstream in(path, std::ios::binary);
+    std::vector<unsigned char> bytes((std::istreambuf_iterator<char>(in)), {});
+    ASSERT_GT(bytes.size(), 40u);
+    EXPECT_NE(XuiImgLoadFromMem(bytes.data(), bytes.size(), 0), nullptr);
+    EXPECT_EQ(XuiImgLoadFromMem(bytes.data(), bytes.size() - 20, 0), nullptr);
+    std::vector<unsigned char> garbage(100, 0x42);
+    EXPECT_EQ(XuiImgLoadFromMem(garbage.data(), garbage.size(), 0), nullptr);
+    {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size() / 2));
+    }
+    EXPECT_EQ(XuiImgLoadFromFile(path.c_str()), nullptr);
+    std::remove(path.c_str());
+}
+
+TEST_F(XuiRenderer, DrawImg_HonoursAlpha) {
+    XuiWindow* src = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 2, 1);
+    XuiCanvasSetBackground(src, XUI_BG_NORMAL, nullptr, 0x00000000u);
+    XuiCanvasDrawRect(src, 0, 0, 1, 1, kRed, 0, 1);
+    XuiImg* img = XuiCaptureCanvas(src, 0, 0, 2, 1); // red, then fully transparent
+    XuiWindow* c = whiteCanvas(0, 0, 4, 4);
+    XuiCanvasDrawImg(c, 1, 1, 2, 1, XUI_BG_NORMAL, img);
+    auto p = xui_host::canvas(c);
+    EXPECT_EQ(p.at(1, 1), kRed);
+    EXPECT_EQ(p.at(2, 1), kWhite);
+    XuiImgFree(img);
+}
+
+TEST_F(XuiRenderer, Keys_ComeInOrder_AndGetKeyReturnsAtOnceWhenClosed) {
+    xui_host::pushKey('1');
+    xui_host::pushKey(XUI_KEY_ENTER);
+    EXPECT_EQ(XuiHasKey(), 1);
+    EXPECT_EQ(XuiGetKey(), '1');
+    EXPECT_EQ(XuiGetKey(), XUI_KEY_ENTER);
+    EXPECT_EQ(XuiHasKey(), 0);
+
+    xui_host::setKeyWaitLimit(std::chrono::milliseconds(0)); // wait for ever
+    std::thread closer([] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        XuiClose();
+    });
+    EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
+    closer.join();
+    EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
+}
+
+TEST_F(XuiRenderer, Keys_PushedFromAnotherThreadWakeTheReader) {
+    xui_host::setKeyWaitLimit(std::chrono::milliseconds(0));
+    std::thread pusher([] { xui_host::pushKey('7'); });
+    EXPECT_EQ(XuiGetKey(), '7');
+    pusher.join();
+}
+
+TEST_F(XuiRenderer, Trace_RecordsCallsWithNamedHandles) {
+    XuiFont* f = font();
+    xui_host::clearTrace();
+    XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), 1, 2, 3, 4);
+    XuiCanvasDrawRect(c, 0, 0, 3, 4, 0xFF102030u, 1, 1);
+    XuiCanvasDrawText(c, 0, 0, 20, f, XUI_TEXT_NORMAL, kBlack, "say \"hi\"");
+    auto t = xui_host::trace();
+    ASSERT_EQ(t.size(), 3u);
+    const std::string name = xui_host::nameOf(c);
+    EXPECT_EQ(t[0].str(), "CreateCanvas(root, 1, 2, 3, 4)");
+    EXPECT_EQ(t[1].str(), "CanvasDrawRect(" + name + ", 0, 0, 3, 4, 0xff102030, 1, 1)");
+    EXPECT_EQ(t[2].function, "CanvasDrawText");
+    EXPECT_EQ(t[2].args.back(), "\"say \\\"hi\\\"\"");
+    xui_host::setTracing(false);
+    XuiClearArea(c, 0, 0, 1, 1);
+    EXPECT_EQ(xui_host::trace().size(), 3u);
+}
+
+TEST_F(XuiRenderer, Frames_CountEachShow) {
+    const uint64_t before = xui_host::framesShown();
+    XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 3, 4);
+    XuiShowWindow(c, 1, 0);
+    XuiShowWindow(c, 0, 0);
+    XuiShowWindow(c, 1, 0);
+    EXPECT_EQ(xui_host::framesShown(), before + 2);
+    EXPECT_TRUE(xui_host::waitForFrames(before + 2, std::chrono::milliseconds(1)));
+    EXPECT_FALSE(xui_host::waitForFrames(before + 3, std::chrono::milliseconds(1)));
+}
+
+TEST_F(XuiRenderer, Transform_RotatesClockwise) {
+    XuiWindow* c = whiteCanvas(0, 0, 2, 1);
+    XuiCanvasDrawRect(c, 0, 0, 1, 1, kRed, 0, 1);
+    XuiImg* img = XuiCaptureCanvas(c, 0, 0, 2, 1);
+    XuiImg* turned = XuiImgTransform(img, XUI_TRANS_ROTATE_90);
+    auto p = xui_host::image(turned);
+    ASSERT_EQ(p.width, 1u);
+    ASSERT_EQ(p.height, 2u);
+    EXPECT_EQ(p.at(0, 0), kRed);
+    EXPECT_EQ(p.at(0, 1), kWhite);
+    XuiImgFree(img);
+    XuiImgFree(turned);
+}
+
+} // namespace

@@ -1,0 +1,181 @@
+#include "Support.hpp"
+
+#include "ui/Label.hpp"
+#include "ui/Xui.hpp"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+unsigned width(const std::string& text) { return ui::fonts::GetTextWidth(text.c_str()); }
+
+class LabelTest : public test::PlatformTest {
+protected:
+    XuiWindow* canvas() {
+        if (!canvas_) {
+            canvas_ = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 320, 216);
+            XuiCanvasSetBackground(canvas_, XUI_BG_NORMAL, nullptr, 0xFFFFFFFF);
+        }
+        return canvas_;
+    }
+    std::vector<xui_host::Call> drawn(ui::Label& label) {
+        xui_host::clearTrace();
+        label.draw(canvas());
+        return xui_host::trace("CanvasDrawText");
+    }
+    XuiWindow* canvas_ = nullptr;
+};
+
+TEST_F(LabelTest, WrapText_EmptyOrBlankTextHasNoLines) {
+    EXPECT_TRUE(WrapText("", 100).empty());
+    EXPECT_TRUE(WrapText("    ", 100).empty());
+    ui::Label label(0, 0, 100, 60);
+    label.setText("   ");
+    EXPECT_EQ(label.getHeight(), 0u);
+    EXPECT_TRUE(drawn(label).empty());
+}
+
+TEST_F(LabelTest, WrapText_ALineMayEndExactlyAtTheWidth) {
+    const unsigned exact = width("Card payment");
+    EXPECT_EQ(WrapText("Card payment", exact), (Lines{"Card payment"}));
+    EXPECT_EQ(WrapText("Card payment", exact - 1), (Lines{"Card", "payment"}));
+    EXPECT_EQ(WrapText("Card payment", exact + 1), (Lines{"Card payment"}));
+}
+
+TEST_F(LabelTest, WrapText_OverflowingWordMovesWhole) {
+    const unsigned w = width("Insert or tap");
+    EXPECT_EQ(WrapText("Insert or tap your card", w + 5), (Lines{"Insert or tap", "your card"}));
+}
+
+TEST_F(LabelTest, WrapText_WordWiderThanTheLineIsCutLongestPrefixFirst) {
+    const std::string word = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const unsigned w = width(word) / 3;
+    Lines lines = WrapText(word, w);
+    ASSERT_GE(lines.size(), 3u);
+    std::string joined;
+    for (size_t i = 0; i < lines.size(); ++i) {
+        joined += lines[i];
+        EXPECT_LE(width(lines[i]), w) << lines[i];
+        if (i + 1 < lines.size()) { // as long as fits: one more character would not
+            EXPECT_GT(width(lines[i] + lines[i + 1][0]), w) << lines[i];
+        }
+    }
+    EXPECT_EQ(joined, word);
+}
+
+TEST_F(LabelTest, WrapText_ZeroWidthTakesOneCharacterPerLine) {
+    // The empty remainder of a cut word measures 0, which is "exactly full" at width 0: it is
+    // kept as an empty line, as the terminal has always done.
+    EXPECT_EQ(WrapText("ab c", 0), (Lines{"a", "b", "", "c", ""}));
+}
+
+TEST_F(LabelTest, WrapText_KeepsNewlinesInsideWords) {
+    EXPECT_EQ(WrapText("one\ntwo", 1000), (Lines{"one\ntwo"}));
+}
+
+TEST_F(LabelTest, SetText_HeightIsLinesTimesTwenty_WhateverTheFontSize) {
+    ui::Label label(0, 0, width("Card") + 2, 0);
+    label.setFontSize(30);
+    label.setText("Card Card Card");
+    EXPECT_EQ(label.getHeight(), 60u);
+    EXPECT_EQ(label.getText(), "CardCardCard"); // the break spaces are gone
+}
+
+TEST_F(LabelTest, SetWidth_DoesNotRewrap) {
+    ui::Label label(0, 0, width("Card") + 2, 0);
+    label.setText("Card Card");
+    label.setWidth(1000);
+    label.setHeight(40);
+    EXPECT_EQ(drawn(label).size(), 2u);
+}
+
+TEST_F(LabelTest, Draw_OnlyLinesThatFit_CentredVertically) {
+    ui::Label label(10, 100, width("word") + 1, 0);
+    label.setText("word word word word word");
+    label.setHeight(50);
+    auto calls = drawn(label);
+    ASSERT_EQ(calls.size(), 2u);
+    const std::string c = xui_host::nameOf(canvas());
+    const std::string font = xui_host::nameOf(ui::fonts::getFont());
+    EXPECT_EQ(calls[0].str(), "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xff1e1e1e, \"word\")");
+    EXPECT_EQ(calls[1].args[2], "125");
+    label.verticalAlignment(false);
+    EXPECT_EQ(drawn(label)[0].args[2], "100");
+}
+
+TEST_F(LabelTest, Draw_AlignsRightTwoPixelsIn_AndCentresByHalves) {
+    ui::Label label(7, 0, 101, 20);
+    label.setText("Total");
+    const unsigned w = width("Total");
+    label.setAlignment(ui::utils::Right);
+    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(7 + 101 - 2 - w));
+    label.setAlignment(ui::utils::Centre);
+    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(7 + 101 / 2 - w / 2));
+    label.setAlignment(ui::utils::Origin(3)); // meaningless horizontally: left
+    EXPECT_EQ(drawn(label)[0].args[1], "7");
+}
+
+TEST_F(LabelTest, Draw_RightAlignedOverflowWrapsAroundUnsigned) {
+    ui::Label label(0, 0, 1000, 20);
+    label.setText("A rather long line of text");
+    label.setWidth(10);
+    label.setAlignment(ui::utils::Right);
+    const unsigned expected = 0u + 10u - 2u - width("A rather long line of text");
+    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(expected));
+}
+
+TEST_F(LabelTest, Draw_UsesItsFontSizeAndColour_NothingWhenHidden) {
+    ui::Label label(0, 0, 200, 0);
+    label.setText("Hi");
+    label.setHeight(40);
+    label.setFontSize(40);
+    label.setColor(0x12345678u);
+    auto calls = drawn(label);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].args[3], "40");
+    EXPECT_EQ(calls[0].args[6], "0xff123456");
+    label.setVisible(false);
+    EXPECT_TRUE(drawn(label).empty());
+}
+
+TEST_F(LabelTest, Draw_PaintsInkInsideItsBox) {
+    ui::Label label(20, 30, 200, 0);
+    label.setText("Approved");
+    label.draw(canvas());
+    test::Box ink = test::inkBox(xui_host::canvas(canvas()), 0xFFFFFFFF);
+    ASSERT_FALSE(ink.empty());
+    EXPECT_GE(ink.x0, 20);
+    EXPECT_LE(ink.x1, int(20 + width("Approved")));
+    EXPECT_GE(ink.y0, 30);
+    EXPECT_LT(ink.y1, 50);
+}
+
+TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
+    ui::Label source(1, 2, 200, 0);
+    source.setText("Sale");
+    source.setAlignment(ui::utils::Centre);
+    source.setVisible(false);
+
+    ui::Label copy(source);
+    EXPECT_TRUE(copy.isVisible());
+    EXPECT_EQ(copy.getText(), "Sale");
+    EXPECT_EQ(copy.getHeight(), 20u);
+
+    ui::Label assigned;
+    assigned = source;
+    EXPECT_FALSE(assigned.isVisible());
+    EXPECT_EQ(assigned.getX(), 1u);
+    EXPECT_EQ(assigned.getText(), "Sale");
+
+    ui::Label moved(std::move(copy));
+    EXPECT_EQ(moved.getText(), "Sale");
+    EXPECT_EQ(copy.getText(), "");
+
+    ui::Label target(9, 9, 9, 9);
+    target.setText("X");
+    target = std::move(moved);
+    EXPECT_EQ(target.getText(), "Sale");
+    EXPECT_EQ(moved.getText(), "X"); // swapped
+}
+
+} // namespace

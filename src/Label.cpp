@@ -57,7 +57,9 @@ std::vector<std::string> WrapText(const std::string& text, unsigned int width) {
 namespace ui {
 
 namespace {
-unsigned defaultColour() { return resource::ResourceMapping::getResourceColor(resource::BRAND_TEXT); }
+unsigned defaultColour() {
+    return resource::ResourceMapping::getResourceColor(resource::BRAND_TEXT);
+}
 } // namespace
 
 Label::Label() : Label(0, 0, 0, 0) {}
@@ -112,10 +114,18 @@ Label& Label::operator=(Label&& other) {
     return *this;
 }
 
-void Label::setX(unsigned int x) { Widget::setX(x); }
-void Label::setY(unsigned int y) { Widget::setY(y); }
-void Label::setWidth(unsigned int width) { Widget::setWidth(width); }
-void Label::setHeight(unsigned int height) { Widget::setHeight(height); }
+void Label::setX(unsigned int x) {
+    Widget::setX(x);
+}
+void Label::setY(unsigned int y) {
+    Widget::setY(y);
+}
+void Label::setWidth(unsigned int width) {
+    Widget::setWidth(width);
+}
+void Label::setHeight(unsigned int height) {
+    Widget::setHeight(height);
+}
 
 void Label::setText(const std::string& text) {
     std::lock_guard<std::mutex> lock(mutex_);
@@ -132,10 +142,18 @@ std::string Label::getText() const {
     return text;
 }
 
-void Label::setColor(unsigned int color) { colour_ = color; }
-void Label::setFontSize(unsigned int size) { fontSize_ = size; }
-void Label::setAlignment(const utils::Origin& alignment) { alignment_ = alignment; }
-void Label::verticalAlignment(bool centred) { verticalAlignment_ = centred; }
+void Label::setColor(unsigned int color) {
+    colour_ = color;
+}
+void Label::setFontSize(unsigned int size) {
+    fontSize_ = size;
+}
+void Label::setAlignment(const utils::Origin& alignment) {
+    alignment_ = alignment;
+}
+void Label::verticalAlignment(bool centred) {
+    verticalAlignment_ = centred;
+}
 
 void Label::draw(_XuiWindow* canvas) {
     if (!isVisible())

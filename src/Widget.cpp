@@ -7,18 +7,39 @@ Widget::Widget(unsigned x, unsigned y, unsigned width, unsigned height)
     : x_(x), y_(y), width_(width), height_(height) {}
 Widget::~Widget() = default;
 
-void Widget::setVisible(bool visible) { visible_ = visible; }
-void Widget::setX(unsigned x) { x_ = x; }
-void Widget::setY(unsigned y) { y_ = y; }
-void Widget::setWidth(unsigned width) { width_ = width; }
-void Widget::setHeight(unsigned height) { height_ = height; }
-bool Widget::isVisible() const { return visible_; }
-unsigned Widget::getX() const { return x_; }
-unsigned Widget::getY() const { return y_; }
-unsigned Widget::getWidth() const { return width_; }
-unsigned Widget::getHeight() const { return height_; }
+void Widget::setVisible(bool visible) {
+    visible_ = visible;
+}
+void Widget::setX(unsigned x) {
+    x_ = x;
+}
+void Widget::setY(unsigned y) {
+    y_ = y;
+}
+void Widget::setWidth(unsigned width) {
+    width_ = width;
+}
+void Widget::setHeight(unsigned height) {
+    height_ = height;
+}
+bool Widget::isVisible() const {
+    return visible_;
+}
+unsigned Widget::getX() const {
+    return x_;
+}
+unsigned Widget::getY() const {
+    return y_;
+}
+unsigned Widget::getWidth() const {
+    return width_;
+}
+unsigned Widget::getHeight() const {
+    return height_;
+}
 
-IContainer::IContainer(unsigned x, unsigned y, unsigned width, unsigned height) : Widget(x, y, width, height) {}
+IContainer::IContainer(unsigned x, unsigned y, unsigned width, unsigned height)
+    : Widget(x, y, width, height) {}
 IContainer::~IContainer() = default;
 
 void IContainer::drawWidgets(_XuiWindow* canvas) {
@@ -36,7 +57,9 @@ bool update(_XuiWindow* canvas, Widget* widget) {
     return true;
 }
 
-unsigned CalculateMainViewYPosition(unsigned, unsigned offset) { return offset; }
+unsigned CalculateMainViewYPosition(unsigned, unsigned offset) {
+    return offset;
+}
 
 } // namespace detail
 

@@ -14,23 +14,45 @@ template <class Function, class... Args> auto serialised(Function function, Args
 
 } // namespace
 
-int Xui::Open(int argc, char** argv) { return serialised(XuiOpen, argc, argv); }
-int Xui::Suspend() { return serialised(XuiSuspend); }
-int Xui::Resume() { return serialised(XuiResume); }
-int Xui::IsRunning() { return serialised(XuiIsRunning); }
-int Xui::Close() { return serialised(XuiClose); }
+int Xui::Open(int argc, char** argv) {
+    return serialised(XuiOpen, argc, argv);
+}
+int Xui::Suspend() {
+    return serialised(XuiSuspend);
+}
+int Xui::Resume() {
+    return serialised(XuiResume);
+}
+int Xui::IsRunning() {
+    return serialised(XuiIsRunning);
+}
+int Xui::Close() {
+    return serialised(XuiClose);
+}
 
-int Xui::HasKey() { return serialised(XuiHasKey); }
-int Xui::GetKey() { return XuiGetKey(); }
-int Xui::ClearKey() { return serialised(XuiClearKey); }
+int Xui::HasKey() {
+    return serialised(XuiHasKey);
+}
+int Xui::GetKey() {
+    return XuiGetKey();
+}
+int Xui::ClearKey() {
+    return serialised(XuiClearKey);
+}
 
-_XuiWindow* Xui::RootCanvas() { return serialised(XuiRootCanvas); }
-_XuiWindow* Xui::StatusbarCanvas() { return serialised(XuiStatusbarCanvas); }
+_XuiWindow* Xui::RootCanvas() {
+    return serialised(XuiRootCanvas);
+}
+_XuiWindow* Xui::StatusbarCanvas() {
+    return serialised(XuiStatusbarCanvas);
+}
 
 _XuiFont* Xui::CreateFont(char* path, int index, XuiFontSet fontSet) {
     return serialised(XuiCreateFont, path, index, fontSet);
 }
-int Xui::DestroyFont(_XuiFont* font) { return serialised(XuiDestroyFont, font); }
+int Xui::DestroyFont(_XuiFont* font) {
+    return serialised(XuiDestroyFont, font);
+}
 int Xui::CanvasDrawText(_XuiWindow* canvas, unsigned x, unsigned y, unsigned size, _XuiFont* font,
                         XuiTextStyle style, XuiColor color, const char* text) {
     return serialised(XuiCanvasDrawText, canvas, x, y, size, font, style, color, text);
@@ -57,8 +79,12 @@ _XuiWindow* Xui::CreateCanvasEx(_XuiWindow* parent, unsigned x, unsigned y, unsi
                                 unsigned flags) {
     return serialised(XuiCreateCanvasEx, parent, x, y, width, height, flags);
 }
-int Xui::CanvasMoveToY(_XuiWindow* canvas, unsigned y) { return serialised(XuiCanvasMoveToY, canvas, y); }
-int Xui::DestroyWindow(_XuiWindow* window) { return serialised(XuiDestroyWindow, window); }
+int Xui::CanvasMoveToY(_XuiWindow* canvas, unsigned y) {
+    return serialised(XuiCanvasMoveToY, canvas, y);
+}
+int Xui::DestroyWindow(_XuiWindow* window) {
+    return serialised(XuiDestroyWindow, window);
+}
 int Xui::ShowWindow(_XuiWindow* window, int visible, int flags) {
     return serialised(XuiShowWindow, window, visible, flags);
 }
@@ -72,7 +98,9 @@ _XuiWindow* Xui::CreateButton(_XuiWindow* parent, unsigned x, unsigned y, unsign
 int Xui::ButtonSetStat(_XuiWindow* button, XuiButtonStatType type, _XuiButtonStat* stat) {
     return serialised(XuiButtonSetStat, button, type, stat);
 }
-int Xui::ButtonSetKey(_XuiWindow* button, int key) { return serialised(XuiButtonSetKey, button, key); }
+int Xui::ButtonSetKey(_XuiWindow* button, int key) {
+    return serialised(XuiButtonSetKey, button, key);
+}
 _XuiWindow* Xui::CreateSignatureBoard(_XuiWindow* parent, unsigned x, unsigned y, unsigned width,
                                       unsigned height) {
     return serialised(XuiCreateSignatureBoard, parent, x, y, width, height);
@@ -80,21 +108,37 @@ _XuiWindow* Xui::CreateSignatureBoard(_XuiWindow* parent, unsigned x, unsigned y
 int Xui::SigBoardSetStat(_XuiWindow* board, _XuiSigBoardStat* stat) {
     return serialised(XuiSigBoardSetStat, board, stat);
 }
-_XuiImg* Xui::SigBoardImg(_XuiWindow* board) { return serialised(XuiSigBoardImg, board); }
-void* Xui::SigBoardSignData(_XuiWindow* board) { return serialised(XuiSigBoardSignData, board); }
+_XuiImg* Xui::SigBoardImg(_XuiWindow* board) {
+    return serialised(XuiSigBoardImg, board);
+}
+void* Xui::SigBoardSignData(_XuiWindow* board) {
+    return serialised(XuiSigBoardSignData, board);
+}
 
-_XuiImg* Xui::CaptureScreen() { return serialised(XuiCaptureScreen); }
+_XuiImg* Xui::CaptureScreen() {
+    return serialised(XuiCaptureScreen);
+}
 _XuiImg* Xui::CaptureCanvas(_XuiWindow* canvas, unsigned x, unsigned y, unsigned width, unsigned height) {
     return serialised(XuiCaptureCanvas, canvas, x, y, width, height);
 }
-_XuiImg* Xui::ImgLoadFromFile(const char* path) { return serialised(XuiImgLoadFromFile, path); }
+_XuiImg* Xui::ImgLoadFromFile(const char* path) {
+    return serialised(XuiImgLoadFromFile, path);
+}
 _XuiImg* Xui::ImgLoadFromMem(unsigned char* data, unsigned long length, int format) {
     return serialised(XuiImgLoadFromMem, data, length, format);
 }
-int Xui::ImgSaveToFile(_XuiImg* image, const char* path) { return serialised(XuiImgSaveToFile, image, path); }
-int Xui::ImgFree(_XuiImg* image) { return serialised(XuiImgFree, image); }
-int Xui::ImgToRgba(_XuiImg* image, char* rgba) { return serialised(XuiImgToRgba, image, rgba); }
-_XuiImg* Xui::RgbaToImg(char*, unsigned, unsigned, unsigned) { return nullptr; }
+int Xui::ImgSaveToFile(_XuiImg* image, const char* path) {
+    return serialised(XuiImgSaveToFile, image, path);
+}
+int Xui::ImgFree(_XuiImg* image) {
+    return serialised(XuiImgFree, image);
+}
+int Xui::ImgToRgba(_XuiImg* image, char* rgba) {
+    return serialised(XuiImgToRgba, image, rgba);
+}
+_XuiImg* Xui::RgbaToImg(char*, unsigned, unsigned, unsigned) {
+    return nullptr;
+}
 _XuiImg* Xui::ImgTransform(_XuiImg* image, XuiTransform transform) {
     return serialised(XuiImgTransform, image, transform);
 }
@@ -104,7 +148,9 @@ _XuiWindow* Xui::CreateGif(_XuiWindow* parent, unsigned x, unsigned y, unsigned 
     return serialised(XuiCreateGif, parent, x, y, width, height, path);
 }
 
-int Xui::SetStatusbarIcon(int icon, const char* text) { return serialised(XuiSetStatusbarIcon, icon, text); }
+int Xui::SetStatusbarIcon(int icon, const char* text) {
+    return serialised(XuiSetStatusbarIcon, icon, text);
+}
 int Xui::GetHzString(_XuiImeAttr attr, char* buffer, unsigned minLength, unsigned maxLength) {
     return serialised(XuiGetHzString, attr, buffer, minLength, maxLength);
 }
@@ -112,7 +158,9 @@ int Xui::GetString(_XuiGetStrAttr attr, char* buffer, unsigned char mode, unsign
                    unsigned maxLength) {
     return serialised(XuiGetString, attr, buffer, mode, minLength, maxLength);
 }
-char* Xui::BidiStrdup(const char* text) { return serialised(XuiBidiStrdup, text); }
+char* Xui::BidiStrdup(const char* text) {
+    return serialised(XuiBidiStrdup, text);
+}
 
 namespace fonts {
 namespace {
@@ -123,7 +171,9 @@ _XuiFont* cachedFont = nullptr;
 
 } // namespace
 
-unsigned getFontSize() { return 20; }
+unsigned getFontSize() {
+    return 20;
+}
 
 _XuiFont* getFont() {
     if (!cachedFont)
@@ -131,16 +181,22 @@ _XuiFont* getFont() {
     return cachedFont;
 }
 
-_XuiFont* loadFont() { return loadFont(XUI_FONT_SET_DEFAULT); }
+_XuiFont* loadFont() {
+    return loadFont(XUI_FONT_SET_DEFAULT);
+}
 
 _XuiFont* loadFont(XuiFontSet fontSet) {
     cachedFont = Xui::CreateFont(fontPath, 0, fontSet);
     return cachedFont;
 }
 
-XuiColor intToXuiColor(unsigned color) { return (color >> 8) | 0xFF000000u; }
+XuiColor intToXuiColor(unsigned color) {
+    return (color >> 8) | 0xFF000000u;
+}
 
-unsigned GetTextWidth(const char* text) { return GetTextWidth(text, getFontSize()); }
+unsigned GetTextWidth(const char* text) {
+    return GetTextWidth(text, getFontSize());
+}
 
 unsigned GetTextWidth(const char* text, unsigned size) {
     return static_cast<unsigned>(Xui::TextWidth(getFont(), static_cast<int>(size), text));

@@ -5,10 +5,18 @@
 #include <osal/host.hpp>
 #include <xui_host.hpp>
 
+#include "ui/IGraphics.hpp"
+#include "ui/Widget.hpp"
+
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <condition_variable>
+#include <dirent.h>
+#include <functional>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace test {
@@ -17,18 +25,28 @@ namespace test {
 class PlatformTest : public ::testing::Test {
 protected:
     void SetUp() override {
+        // Sanitizers start a helper thread with the first thread: let it exist before any count.
+        std::thread([] {}).join();
         xui_host::reset();
         osal::host::reset();
         osal::host::setLogSink([this](LogLevel, const std::string& line) {
             std::lock_guard<std::mutex> lock(logMutex);
             logLines.push_back(line);
         });
+        // Services of an earlier test in this process are gone: forget them.
+        ui::ServiceLocator::addGraphicsService(nullptr);
+        ui::ServiceLocator::addInputService(nullptr);
+        ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
+        xui_host::setKeyWaitLimit(std::chrono::milliseconds(10));
         if (openDisplay)
             open();
         xui_host::setTracing(true);
     }
 
     void TearDown() override {
+        ui::ServiceLocator::addGraphicsService(nullptr);
+        ui::ServiceLocator::addInputService(nullptr);
+        ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
         xui_host::reset();
         osal::host::reset();
     }
@@ -56,6 +74,77 @@ protected:
     std::mutex logMutex;
     std::vector<std::string> logLines;
 };
+
+// A screen that records what happens to it. Hooks run on the thread that draws or reads keys.
+class View : public ui::IContainer {
+public:
+    View() : IContainer(0, 0, 320, 216) {}
+    void add(std::shared_ptr<ui::Widget> widget) { widgets.push_back(std::move(widget)); }
+
+    void draw(_XuiWindow* canvas) override {
+        if (onDraw)
+            onDraw(canvas);
+        drawWidgets(canvas);
+        ++draws;
+    }
+    // The keypad reports "no key" when its wait runs out; a view ignores it.
+    void handleKeyPress(const device::input::Key& key) override {
+        if (key == device::input::KEY_NONE)
+            return;
+        {
+            std::lock_guard<std::mutex> lock(mutex);
+            keys.push_back(key);
+            keyThread = std::this_thread::get_id();
+        }
+        if (onKey)
+            onKey(key);
+        keyArrived.notify_all();
+    }
+    void onShow() override {}
+    void onHide() override {}
+    void onRefresh() override {}
+    bool isFinished() const override { return false; }
+
+    bool waitForKeys(size_t count) {
+        std::unique_lock<std::mutex> lock(mutex);
+        return keyArrived.wait_for(lock, std::chrono::seconds(5), [&] { return keys.size() >= count; });
+    }
+    std::vector<device::input::Key> receivedKeys() {
+        std::lock_guard<std::mutex> lock(mutex);
+        return keys;
+    }
+
+    std::atomic<int> draws{0};
+    std::function<void(_XuiWindow*)> onDraw;
+    std::function<void(device::input::Key)> onKey;
+    std::thread::id keyThread;
+
+private:
+    std::mutex mutex;
+    std::condition_variable keyArrived;
+    std::vector<device::input::Key> keys;
+};
+
+// Threads of this process, to prove that teardown leaves none behind.
+inline int threadCount() {
+    int n = 0;
+    if (DIR* dir = opendir("/proc/self/task")) {
+        while (dirent* entry = readdir(dir))
+            n += entry->d_name[0] != '.';
+        closedir(dir);
+    }
+    return n;
+}
+
+// Polls a condition that another thread will make true; fails after five seconds.
+inline bool eventually(const std::function<bool()>& condition) {
+    for (int i = 0; i < 5000; ++i) {
+        if (condition())
+            return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return condition();
+}
 
 struct Box {
     int x0 = 0, y0 = 0, x1 = -1, y1 = -1; // inclusive; x1 < x0 means empty

@@ -80,8 +80,8 @@ public:
     static _XuiImg* RgbaToImg(char* rgba, unsigned width, unsigned height, unsigned format);
     static _XuiImg* ImgTransform(_XuiImg* image, XuiTransform transform);
 
-    static _XuiWindow* CreateGif(_XuiWindow* parent, unsigned x, unsigned y, unsigned width,
-                                 unsigned height, const char* path);
+    static _XuiWindow* CreateGif(_XuiWindow* parent, unsigned x, unsigned y, unsigned width, unsigned height,
+                                 const char* path);
 
     static int SetStatusbarIcon(int icon, const char* text);
     static int GetHzString(_XuiImeAttr attr, char* buffer, unsigned minLength, unsigned maxLength);

@@ -140,10 +140,10 @@ TEST_F(XuiRenderer, Screen_ShowsStatusbarOnTop_AndOnlyVisibleCanvasesInCreationO
     auto screen = xui_host::screen();
     ASSERT_EQ(screen.width, 320u);
     ASSERT_EQ(screen.height, 240u);
-    EXPECT_EQ(screen.at(10, 10), kBlue);            // status bar strip
-    EXPECT_EQ(screen.at(10, 24 + 10), kWhite);      // root area starts below it
-    EXPECT_EQ(screen.at(60, 24 + 60), kRed);        // the later canvas covers the earlier
-    EXPECT_EQ(screen.at(210, 24 + 110), kBlack);    // hidden: root background shows
+    EXPECT_EQ(screen.at(10, 10), kBlue);         // status bar strip
+    EXPECT_EQ(screen.at(10, 24 + 10), kWhite);   // root area starts below it
+    EXPECT_EQ(screen.at(60, 24 + 60), kRed);     // the later canvas covers the earlier
+    EXPECT_EQ(screen.at(210, 24 + 110), kBlack); // hidden: root background shows
     XuiShowWindow(hidden, 1, 0);
     EXPECT_EQ(xui_host::screen().at(210, 24 + 110), kRed);
     XuiShowWindow(above, 0, 0);

@@ -7,7 +7,9 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-unsigned width(const std::string& text) { return ui::fonts::GetTextWidth(text.c_str()); }
+unsigned width(const std::string& text) {
+    return ui::fonts::GetTextWidth(text.c_str());
+}
 
 class LabelTest : public test::PlatformTest {
 protected:
@@ -97,7 +99,8 @@ TEST_F(LabelTest, Draw_OnlyLinesThatFit_CentredVertically) {
     ASSERT_EQ(calls.size(), 2u);
     const std::string c = xui_host::nameOf(canvas());
     const std::string font = xui_host::nameOf(ui::fonts::getFont());
-    EXPECT_EQ(calls[0].str(), "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xff1e1e1e, \"word\")");
+    EXPECT_EQ(calls[0].str(),
+              "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xff1e1e1e, \"word\")");
     EXPECT_EQ(calls[1].args[2], "125");
     label.verticalAlignment(false);
     EXPECT_EQ(drawn(label)[0].args[2], "100");

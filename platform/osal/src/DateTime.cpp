@@ -27,7 +27,9 @@ boost::posix_time::ptime date_time::ptime_from_epoch(int64_t secondsSinceEpoch) 
 }
 
 namespace osal::detail {
-void resetClock() { pinned = false; }
+void resetClock() {
+    pinned = false;
+}
 } // namespace osal::detail
 
 void osal::host::pinClock(int64_t localSecondsSinceEpoch) {
@@ -35,4 +37,6 @@ void osal::host::pinClock(int64_t localSecondsSinceEpoch) {
     pinned = true;
 }
 
-void osal::host::unpinClock() { pinned = false; }
+void osal::host::unpinClock() {
+    pinned = false;
+}

@@ -1,5 +1,5 @@
-#include "Internal.hpp"
 #include "osal/device.hpp"
+#include "Internal.hpp"
 #include "osal/host.hpp"
 #include "osal/input.hpp"
 #include "osal/timer.hpp"
@@ -39,8 +39,12 @@ int64_t osal::monotonicMs() {
 }
 
 Timer::Timer() : start_(osal::monotonicMs()) {}
-int64_t Timer::elapsed() const { return osal::monotonicMs() - start_; }
-void Timer::restart() { start_ = osal::monotonicMs(); }
+int64_t Timer::elapsed() const {
+    return osal::monotonicMs() - start_;
+}
+void Timer::restart() {
+    start_ = osal::monotonicMs();
+}
 
 void device::beep(unsigned frequencyHz, unsigned durationMs) {
     auto& d = dev();
@@ -63,8 +67,12 @@ void device::sleep(unsigned milliseconds) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-bool device::DeviceInformation::batterySupported() { return dev().battery.load(); }
-bool device::DeviceInformation::ethSupported() { return dev().ethernet.load(); }
+bool device::DeviceInformation::batterySupported() {
+    return dev().battery.load();
+}
+bool device::DeviceInformation::ethSupported() {
+    return dev().ethernet.load();
+}
 
 namespace device::input {
 
@@ -72,22 +80,38 @@ Key getKeyFromSystemKey(int code) {
     if (code >= '1' && code <= '9')
         return Key(KEY_1 + (code - '1'));
     switch (code) {
-    case XUI_KEY_0: return KEY_0;
-    case XUI_KEY_ENTER: return KEY_ENTER;
-    case XUI_KEY_CANCEL: return KEY_CANCEL;
-    case XUI_KEY_CLEAR: return KEY_CLEAR;
-    case XUI_KEY_UP: return KEY_UP;
-    case XUI_KEY_DOWN: return KEY_DOWN;
-    case XUI_KEY_MENU: return KEY_MENU;
-    case XUI_KEY_ALPHA: return KEY_ALPHA;
-    case XUI_KEY_STAR: return KEY_STAR;
-    case XUI_KEY_HASH: return KEY_HASH;
-    case XUI_KEY_F1: return KEY_F1;
-    case XUI_KEY_F1 + 1: return KEY_F2;
-    case XUI_KEY_F1 + 2: return KEY_F3;
-    case XUI_KEY_F1 + 3: return KEY_F4;
-    case XUI_KEY_POWER: return KEY_POWER;
-    default: return KEY_NONE;
+    case XUI_KEY_0:
+        return KEY_0;
+    case XUI_KEY_ENTER:
+        return KEY_ENTER;
+    case XUI_KEY_CANCEL:
+        return KEY_CANCEL;
+    case XUI_KEY_CLEAR:
+        return KEY_CLEAR;
+    case XUI_KEY_UP:
+        return KEY_UP;
+    case XUI_KEY_DOWN:
+        return KEY_DOWN;
+    case XUI_KEY_MENU:
+        return KEY_MENU;
+    case XUI_KEY_ALPHA:
+        return KEY_ALPHA;
+    case XUI_KEY_STAR:
+        return KEY_STAR;
+    case XUI_KEY_HASH:
+        return KEY_HASH;
+    case XUI_KEY_F1:
+        return KEY_F1;
+    case XUI_KEY_F1 + 1:
+        return KEY_F2;
+    case XUI_KEY_F1 + 2:
+        return KEY_F3;
+    case XUI_KEY_F1 + 3:
+        return KEY_F4;
+    case XUI_KEY_POWER:
+        return KEY_POWER;
+    default:
+        return KEY_NONE;
     }
 }
 
@@ -104,8 +128,8 @@ std::string getKeyString(Key key) {
 }
 
 std::string getKeyName(Key key) {
-    static const char* names[] = {"NONE",  "ENTER", "CANCEL", "CLEAR", "UP", "DOWN", "MENU", "ALPHA",
-                                  "STAR",  "HASH",  "F1",     "F2",    "F3", "F4",   "POWER"};
+    static const char* names[] = {"NONE", "ENTER", "CANCEL", "CLEAR", "UP", "DOWN", "MENU", "ALPHA",
+                                  "STAR", "HASH",  "F1",     "F2",    "F3", "F4",   "POWER"};
     if (key >= KEY_1 && key <= KEY_0)
         return getKeyString(key);
     if (key == KEY_NONE)
@@ -147,7 +171,9 @@ void useVirtualTime(bool enabled) {
     }
 }
 
-void advanceTime(std::chrono::milliseconds by) { dev().virtualNowMs += by.count(); }
+void advanceTime(std::chrono::milliseconds by) {
+    dev().virtualNowMs += by.count();
+}
 
 std::vector<Beep> beeps() {
     auto& d = dev();

@@ -1,6 +1,6 @@
+#include "osal/localization.hpp"
 #include "Internal.hpp"
 #include "osal/host.hpp"
-#include "osal/localization.hpp"
 #include "osal/strings.hpp"
 
 #include <fstream>

@@ -1,6 +1,6 @@
+#include "osal/log.hpp"
 #include "Internal.hpp"
 #include "osal/host.hpp"
-#include "osal/log.hpp"
 
 #include <boost/exception/diagnostic_information.hpp>
 #include <boost/exception/exception.hpp>
@@ -87,7 +87,9 @@ void resetLog() {
 
 } // namespace osal::detail
 
-void LogException(const char* source, int line) { report(source, line, ""); }
+void LogException(const char* source, int line) {
+    report(source, line, "");
+}
 
 void LogException(const char* source, int line, const std::exception& error) {
     report(source, line, error.what());

@@ -1,6 +1,6 @@
+#include "osal/resource.hpp"
 #include "Internal.hpp"
 #include "osal/host.hpp"
-#include "osal/resource.hpp"
 
 #include <array>
 #include <atomic>

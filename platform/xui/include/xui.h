@@ -44,22 +44,16 @@ typedef enum XuiFontSet {
     XUI_FONT_SET_UNICODE = 1  /* the Unicode character map, selected explicitly */
 } XuiFontSet;
 
-typedef enum XuiTextStyle {
-    XUI_TEXT_NORMAL = 0,
-    XUI_TEXT_UNDERLINE = 1
-} XuiTextStyle;
+typedef enum XuiTextStyle { XUI_TEXT_NORMAL = 0, XUI_TEXT_UNDERLINE = 1 } XuiTextStyle;
 
 /* How a background image fills a canvas, and how XuiCanvasDrawImg places its image. */
 typedef enum XuiBgStyle {
-    XUI_BG_NORMAL = 0,  /* image stretched to the given box (or the whole canvas) */
-    XUI_BG_TILE = 1,    /* image repeated from the top-left corner */
-    XUI_BG_CENTER = 2   /* image centred, not scaled */
+    XUI_BG_NORMAL = 0, /* image stretched to the given box (or the whole canvas) */
+    XUI_BG_TILE = 1,   /* image repeated from the top-left corner */
+    XUI_BG_CENTER = 2  /* image centred, not scaled */
 } XuiBgStyle;
 
-typedef enum XuiButtonStatType {
-    XUI_BTN_NORMAL = 0,
-    XUI_BTN_PRESSED = 1
-} XuiButtonStatType;
+typedef enum XuiButtonStatType { XUI_BTN_NORMAL = 0, XUI_BTN_PRESSED = 1 } XuiButtonStatType;
 
 typedef enum XuiTransform {
     XUI_TRANS_NONE = 0,

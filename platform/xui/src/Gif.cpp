@@ -80,10 +80,10 @@ std::unique_ptr<GifAnimation> decodeGif(const char* path) {
 void refreshGif(Canvas& c) {
     auto& s = state();
     GifAnimation& a = *c.gif;
-    uint64_t elapsed = s.animationPinned
-                           ? uint64_t(s.pinnedAnimationTime.count())
-                           : uint64_t(std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - a.start)
-                                          .count());
+    uint64_t elapsed =
+        s.animationPinned
+            ? uint64_t(s.pinnedAnimationTime.count())
+            : uint64_t(std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - a.start).count());
     elapsed %= std::max(a.totalMs, 1u);
     size_t index = 0;
     for (uint64_t t = a.frames[0].delayMs; t <= elapsed && index + 1 < a.frames.size();

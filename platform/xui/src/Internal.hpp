@@ -29,8 +29,8 @@ struct Image : _XuiImg {
 };
 
 struct GifFrame {
-    Image picture{0, 0};   // the whole logical screen after this frame was applied
-    unsigned delayMs = 0;  // how long the frame stays
+    Image picture{0, 0};  // the whole logical screen after this frame was applied
+    unsigned delayMs = 0; // how long the frame stays
 };
 
 struct GifAnimation {
@@ -87,9 +87,9 @@ struct State {
 
 State& state();
 
-Canvas* findCanvas(const XuiWindow* handle); // null for an unknown handle; mutex held
-Image* findImage(const XuiImg* handle);      // likewise
-Font* findFont(const XuiFont* handle);       // likewise
+Canvas* findCanvas(const XuiWindow* handle);     // null for an unknown handle; mutex held
+Image* findImage(const XuiImg* handle);          // likewise
+Font* findFont(const XuiFont* handle);           // likewise
 Image* adoptImage(std::unique_ptr<Image> image); // registers a new handle; mutex held
 
 Canvas* createCanvas(Canvas* parent, unsigned x, unsigned y, unsigned w, unsigned h);

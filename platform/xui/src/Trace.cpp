@@ -69,7 +69,9 @@ std::string arg(const void* handle) {
     return "unknown";
 }
 
-std::string arg(long long value) { return std::to_string(value); }
+std::string arg(long long value) {
+    return std::to_string(value);
+}
 
 std::string argHex(uint32_t value) {
     char buf[16];

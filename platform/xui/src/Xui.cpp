@@ -37,10 +37,10 @@ Image* adoptImage(std::unique_ptr<Image> image) {
 
 namespace {
 
-#define TRACE(...)                                                                                         \
-    do {                                                                                                   \
-        if (tracing())                                                                                     \
-            record(__func__ + 3, {__VA_ARGS__});                                                           \
+#define TRACE(...)                                                                                           \
+    do {                                                                                                     \
+        if (tracing())                                                                                       \
+            record(__func__ + 3, {__VA_ARGS__});                                                             \
     } while (0)
 
 int parseArgument(int argc, char** argv, const char* key, int fallback) {
@@ -82,6 +82,7 @@ int XuiOpen(int argc, char** argv) {
         unsigned w = s.panelWidth, h = s.panelHeight;
         if (rotate == 90 || rotate == 270)
             std::swap(w, h);
+        s.nextCanvasId = 1; // names in traces restart with each display session
         s.statusbarHeight = clampedStatusbar(parseArgument(argc, argv, "STATUSBAR=", 0), h);
         // The root canvas reports the whole panel, as the terminal's does; it sits below the
         // status bar, so the library sizes its main area as the root height less the bar.
@@ -483,12 +484,23 @@ XuiImg* XuiImgTransform(XuiImg* image, XuiTransform transform) {
         for (unsigned x = 0; x < w; ++x) {
             unsigned tx = x, ty = y;
             switch (transform) {
-            case XUI_TRANS_ROTATE_90: tx = h - 1 - y, ty = x; break; // clockwise
-            case XUI_TRANS_ROTATE_180: tx = w - 1 - x, ty = h - 1 - y; break;
-            case XUI_TRANS_ROTATE_270: tx = y, ty = w - 1 - x; break;
-            case XUI_TRANS_MIRROR_X: tx = w - 1 - x; break;
-            case XUI_TRANS_MIRROR_Y: ty = h - 1 - y; break;
-            default: break;
+            case XUI_TRANS_ROTATE_90:
+                tx = h - 1 - y, ty = x;
+                break; // clockwise
+            case XUI_TRANS_ROTATE_180:
+                tx = w - 1 - x, ty = h - 1 - y;
+                break;
+            case XUI_TRANS_ROTATE_270:
+                tx = y, ty = w - 1 - x;
+                break;
+            case XUI_TRANS_MIRROR_X:
+                tx = w - 1 - x;
+                break;
+            case XUI_TRANS_MIRROR_Y:
+                ty = h - 1 - y;
+                break;
+            default:
+                break;
             }
             out->px[size_t(ty) * out->width + tx] = src->at(x, y);
         }
@@ -527,7 +539,8 @@ int XuiGetHzString(XuiImeAttr attr, char* buffer, unsigned minLength, unsigned m
     return -1;
 }
 
-int XuiGetString(XuiGetStrAttr attr, char* buffer, unsigned char mode, unsigned minLength, unsigned maxLength) {
+int XuiGetString(XuiGetStrAttr attr, char* buffer, unsigned char mode, unsigned minLength,
+                 unsigned maxLength) {
     (void)attr;
     TRACE(arg(mode), arg(minLength), arg(maxLength));
     if (buffer)
@@ -535,7 +548,9 @@ int XuiGetString(XuiGetStrAttr attr, char* buffer, unsigned char mode, unsigned 
     return -1;
 }
 
-char* XuiBidiStrdup(const char* text) { return text ? strdup(text) : nullptr; }
+char* XuiBidiStrdup(const char* text) {
+    return text ? strdup(text) : nullptr;
+}
 
 } // extern "C"
 
@@ -588,7 +603,9 @@ Pixels image(const XuiImg* handle) {
     return p;
 }
 
-bool savePng(const Pixels& pixels, const std::string& path) { return encodePngFile(pixels, path.c_str()); }
+bool savePng(const Pixels& pixels, const std::string& path) {
+    return encodePngFile(pixels, path.c_str());
+}
 
 Pixels loadPng(const std::string& path) {
     Pixels p;

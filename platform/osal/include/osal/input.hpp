@@ -7,7 +7,15 @@ namespace device::input {
 
 enum Key : int {
     KEY_NONE = 0,
-    KEY_1 = 1, KEY_2, KEY_3, KEY_4, KEY_5, KEY_6, KEY_7, KEY_8, KEY_9,
+    KEY_1 = 1,
+    KEY_2,
+    KEY_3,
+    KEY_4,
+    KEY_5,
+    KEY_6,
+    KEY_7,
+    KEY_8,
+    KEY_9,
     KEY_0 = 10,
     KEY_ENTER,
     KEY_CANCEL,

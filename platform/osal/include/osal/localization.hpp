@@ -6,9 +6,9 @@
 
 namespace localization {
 struct Currency {
-    std::string symbol;     // e.g. "£"
-    std::string separator;  // between the major and minor unit, e.g. "."
-    unsigned exponent = 2;  // digits of the minor unit
+    std::string symbol;    // e.g. "£"
+    std::string separator; // between the major and minor unit, e.g. "."
+    unsigned exponent = 2; // digits of the minor unit
 };
 } // namespace localization
 

@@ -43,10 +43,10 @@ private:
 };
 } // namespace osal::detail
 
-#define LOG(level)                                                                                         \
-    if (!GetGlobalLogConfig().admits(level))                                                               \
-        ;                                                                                                  \
-    else                                                                                                   \
+#define LOG(level)                                                                                           \
+    if (!GetGlobalLogConfig().admits(level))                                                                 \
+        ;                                                                                                    \
+    else                                                                                                     \
         ::osal::detail::LogLine((level), __FILE__, __LINE__).stream()
 
 void LogException(const char* source, int line);

@@ -4,8 +4,8 @@
 namespace resource {
 
 enum BrandingColorId {
-    BRAND_TEXT = 1,                // labels and list text
-    BRAND_MAIN_BACKGROUND = 2,     // main screen background; text on the accent colour
+    BRAND_TEXT = 1,            // labels and list text
+    BRAND_MAIN_BACKGROUND = 2, // main screen background; text on the accent colour
     BRAND_ACCENT_TEXT = 3,
     BRAND_SECONDARY_TEXT = 4,
     BRAND_PROGRESS_FRAME = 5,
@@ -13,7 +13,7 @@ enum BrandingColorId {
     BRAND_PROGRESS_FILL = 7,
     BRAND_PROGRESS_FULL = 8,
     BRAND_WARNING = 9,
-    BRAND_ACCENT = 10,             // title bands and the list focus bar
+    BRAND_ACCENT = 10, // title bands and the list focus bar
     BRAND_DISABLED_TEXT = 11,
     BRAND_INPUT_TEXT = 12,
     BRAND_CLOCK = 13,

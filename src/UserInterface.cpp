@@ -1,0 +1,49 @@
+#include "ui/UserInterface.hpp"
+
+#include "ui/KeyBoard.hpp"
+#include "ui/Window.hpp"
+
+#include <stdexcept>
+
+std::string getUserInterfaceVersion() { return "1.2.1.0"; }
+
+namespace ui {
+
+class UserInterface::impl : public IUserInterface {
+public:
+    explicit impl(const GraphicsDeviceParams& params) : graphics(std::make_unique<GraphicsDevice>(params)) {}
+
+    ~impl() override {
+        // No key may reach a window that is about to go: the keypad stops first.
+        keyboard.reset();
+        graphics.reset();
+    }
+
+    void initialize() override {
+        keyboard = std::make_shared<input::KeyBoard>();
+        if (!keyboard)
+            throw std::runtime_error("inputManager_");
+        const unsigned width = graphics->getScreenWidth();
+        const unsigned height = graphics->getScreenHeight();
+        auto window = std::make_shared<Window>(width, height);
+        graphics->setWindow(window);
+    }
+
+    geom::rectangle screenSize() override {
+        if (!graphics)
+            return {};
+        return {0, 0, graphics->getScreenWidth(), graphics->getScreenHeight()};
+    }
+
+private:
+    std::unique_ptr<GraphicsDevice> graphics;
+    std::shared_ptr<input::KeyBoard> keyboard;
+};
+
+UserInterface::UserInterface(const GraphicsDeviceParams& params) : impl_(std::make_unique<impl>(params)) {}
+UserInterface::~UserInterface() = default;
+
+void UserInterface::initialize() { impl_->initialize(); }
+geom::rectangle UserInterface::screenSize() { return impl_->screenSize(); }
+
+} // namespace ui

@@ -1,0 +1,96 @@
+#include "ui/Window.hpp"
+
+#include "ui/ContactlessStatusIndicator.hpp"
+#include "ui/IGraphics.hpp"
+#include "ui/KeyBoard.hpp"
+#include "ui/Widget.hpp"
+
+#include <mutex>
+
+namespace ui {
+
+class Window::WindowImpl {
+public:
+    WindowImpl(unsigned width, unsigned height) : width_(width), height_(height) {
+        if (input::KeyBoard* keyboard = ServiceLocator::getInputService())
+            keyboard->bind([this](device::input::Key key) { injectKeyPress(key); });
+    }
+
+    ~WindowImpl() {
+        indicator_.reset();
+        view_.reset();
+        header_.reset();
+    }
+
+    bool draw(_XuiWindow* canvas) {
+        std::lock_guard<std::recursive_mutex> lock(viewMutex_);
+        if (!view_)
+            return false;
+        view_->draw(canvas);
+        return true;
+    }
+
+    bool updateHeader(_XuiWindow* canvas) {
+        {
+            std::lock_guard<std::recursive_mutex> lock(headerMutex_);
+            if (header_)
+                header_->draw(canvas);
+        }
+        std::lock_guard<std::recursive_mutex> lock(indicatorMutex_);
+        if (indicator_)
+            indicator_->draw(canvas);
+        return true;
+    }
+
+    void setView(const std::shared_ptr<IContainer>& view) {
+        std::lock_guard<std::recursive_mutex> lock(viewMutex_);
+        view_.reset();
+        view_ = view;
+    }
+
+    std::shared_ptr<IContainer> getView() const {
+        std::lock_guard<std::recursive_mutex> lock(viewMutex_);
+        return view_;
+    }
+
+    void setHeader(const std::shared_ptr<IContainer>& header) {
+        std::lock_guard<std::recursive_mutex> lock(headerMutex_);
+        header_ = header;
+    }
+
+    void setContactlessStatusIndicator(const std::shared_ptr<ContactlessStatusIndicator>& indicator) {
+        std::lock_guard<std::recursive_mutex> lock(indicatorMutex_);
+        indicator_ = indicator;
+    }
+
+    void injectKeyPress(device::input::Key key) {
+        std::shared_ptr<IContainer> view = getView();
+        if (view)
+            view->handleKeyPress(key);
+    }
+
+private:
+    unsigned width_;
+    unsigned height_;
+    std::shared_ptr<IContainer> header_;
+    mutable std::recursive_mutex headerMutex_;
+    std::shared_ptr<IContainer> view_;
+    mutable std::recursive_mutex viewMutex_;
+    std::shared_ptr<ContactlessStatusIndicator> indicator_;
+    mutable std::recursive_mutex indicatorMutex_;
+};
+
+Window::Window(unsigned width, unsigned height) : impl_(std::make_unique<WindowImpl>(width, height)) {}
+Window::~Window() = default;
+
+bool Window::draw(_XuiWindow* canvas) { return impl_->draw(canvas); }
+bool Window::updateHeader(_XuiWindow* canvas) { return impl_->updateHeader(canvas); }
+void Window::setView(const std::shared_ptr<IContainer>& view) { impl_->setView(view); }
+std::shared_ptr<IContainer> Window::getView() const { return impl_->getView(); }
+void Window::setHeader(const std::shared_ptr<IContainer>& header) { impl_->setHeader(header); }
+void Window::setContactlessStatusIndicator(const std::shared_ptr<ContactlessStatusIndicator>& indicator) {
+    impl_->setContactlessStatusIndicator(indicator);
+}
+void Window::injectKeyPress(device::input::Key key) { impl_->injectKeyPress(key); }
+
+} // namespace ui

@@ -1,0 +1,258 @@
+#include "Support.hpp"
+
+#include "ui/ContactlessStatusIndicator.hpp"
+#include "ui/GraphicsDevice.hpp"
+#include "ui/Label.hpp"
+#include "ui/Window.hpp"
+#include "ui/Xui.hpp"
+
+namespace {
+
+using std::chrono::seconds;
+
+class GraphicsDeviceTest : public test::PlatformTest {
+protected:
+    GraphicsDeviceTest() { openDisplay = false; }
+
+    void SetUp() override {
+        PlatformTest::SetUp();
+        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 24});
+        xui_host::clearTrace();
+    }
+    void TearDown() override {
+        device.reset();
+        PlatformTest::TearDown();
+    }
+
+    std::shared_ptr<ui::Window> withWindow() {
+        auto window = std::make_shared<ui::Window>(device->getScreenWidth(), device->getScreenHeight());
+        device->setWindow(window);
+        return window;
+    }
+    // Requests a draw and waits until its frame is presented.
+    void updateAndWait() {
+        const auto frames = xui_host::framesShown();
+        device->update();
+        ASSERT_TRUE(xui_host::waitForFrames(frames + 1, seconds(5)));
+        device->waitForDraw();
+    }
+
+    std::unique_ptr<ui::GraphicsDevice> device;
+};
+
+TEST_F(GraphicsDeviceTest, Construction_OpensXuiAndCreatesFourCanvases) {
+    EXPECT_EQ(device->getScreenWidth(), 320u);
+    EXPECT_EQ(device->getScreenHeight(), 240u - 24u);
+    EXPECT_EQ(GetMainCanvasWidth(), 320);
+    EXPECT_EQ(GetMainCanvasHeight(), 216);
+    EXPECT_EQ(GetHeaderWidth(), 320);
+    EXPECT_EQ(GetHeaderHeight(), 24);
+    EXPECT_EQ(ui::ServiceLocator::getGraphicsService(), device.get());
+}
+
+TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
+    device.reset();
+    xui_host::reset();
+    xui_host::setTracing(true);
+    device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{12345678, 24});
+    std::vector<std::string> sequence;
+    for (const auto& c : xui_host::trace())
+        sequence.push_back(c.function);
+    const std::vector<std::string> expected = {
+        "Open",   "CreateCanvas", "CreateCanvas", "CreateCanvas", "CreateCanvas", "CanvasSetBackground",
+        "CanvasSetBackground", "CanvasSetBackground", "CanvasSetBackground", "ShowWindow", "ShowWindow"};
+    EXPECT_EQ(sequence, expected);
+    // Each argument is cut to 14 characters and its terminator.
+    EXPECT_EQ(xui_host::trace("Open")[0].str(), "Open(\"ROTATE=1234567\", \"STATUSBAR=24\")");
+    auto creates = xui_host::trace("CreateCanvas");
+    EXPECT_EQ(creates[0].str(), "CreateCanvas(root, 0, 0, 320, 216)");
+    EXPECT_EQ(creates[2].str(), "CreateCanvas(statusbar, 0, 0, 320, 24)");
+    // Canvases are named in creation order: main back c3, main front c4, header back c5.
+    EXPECT_EQ(calls("ShowWindow"), (std::vector<std::string>{"ShowWindow(c4, 1, 0)", "ShowWindow(c5, 1, 0)"}));
+}
+
+TEST_F(GraphicsDeviceTest, Update_DrawsIntoTheHiddenCanvasAndExchanges) {
+    auto window = withWindow();
+    auto view = std::make_shared<test::View>();
+    auto label = std::make_shared<ui::Label>(10, 10, 200, 20);
+    label->setText("Sale");
+    view->add(label);
+    device->setContext(view);
+    _XuiWindow* back = device->getRootCanvas();
+    const std::string backName = xui_host::nameOf(back);
+    xui_host::clearTrace();
+
+    updateAndWait();
+    auto t = xui_host::trace();
+    ASSERT_GE(t.size(), 4u);
+    EXPECT_EQ(t[0].function, "CanvasDrawText");
+    EXPECT_EQ(t[0].args[0], backName);
+    EXPECT_EQ(t[1].str(), "ShowWindow(" + backName + ", 1, 0)");
+    EXPECT_EQ(t[2].function, "ShowWindow");
+    EXPECT_EQ(t[2].args[1], "0");
+    EXPECT_EQ(t[3].str(), "ClearArea(" + t[2].args[0] + ", 0, 0, 320, 216)");
+    EXPECT_NE(device->getRootCanvas(), back); // the other canvas is next
+    EXPECT_EQ(view->draws.load(), 1);
+
+    // What the panel shows is the label on the branding background.
+    auto screen = xui_host::screen();
+    test::Box ink = test::inkBox(xui_host::canvas(back), screen.at(300, 200));
+    EXPECT_GE(ink.x0, 10);
+    EXPECT_GE(ink.y0, 10);
+}
+
+TEST_F(GraphicsDeviceTest, Update_WithoutWindowOrView_DrawsNothing) {
+    const auto frames = xui_host::framesShown();
+    device->update();
+    device->waitForDraw();
+    withWindow();
+    device->update();
+    // The thread may still be about to wake: give it a window in which it could misbehave.
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    device->waitForDraw();
+    EXPECT_EQ(xui_host::framesShown(), frames);
+    EXPECT_TRUE(xui_host::trace("ShowWindow").empty());
+    EXPECT_EQ(device->getContext(), nullptr);
+}
+
+TEST_F(GraphicsDeviceTest, Update_RequestsDuringADrawCollapseIntoOneMore) {
+    withWindow();
+    auto view = std::make_shared<test::View>();
+    std::mutex gate;
+    std::atomic<bool> entered{false};
+    view->onDraw = [&](_XuiWindow*) {
+        if (!entered.exchange(true))
+            std::lock_guard<std::mutex> wait(gate); // the first draw waits for the gate
+    };
+    device->setContext(view);
+    std::unique_lock<std::mutex> closed(gate);
+    device->update();
+    ASSERT_TRUE(test::eventually([&] { return entered.load(); }));
+    for (int i = 0; i < 10; ++i)
+        device->update();
+    closed.unlock();
+    ASSERT_TRUE(test::eventually([&] { return view->draws.load() >= 2; }));
+    device->waitForDraw();
+    EXPECT_EQ(view->draws.load(), 2);
+    updateAndWait(); // and the device still answers
+    EXPECT_EQ(view->draws.load(), 3);
+    device.reset(); // its last draw must not outlive the hooks' captures
+}
+
+TEST_F(GraphicsDeviceTest, Update_AThrowingViewIsLogged_AndTheNextUpdateDrawsAgain) {
+    withWindow();
+    auto view = std::make_shared<test::View>();
+    std::atomic<int> attempts{0};
+    view->onDraw = [&](_XuiWindow*) {
+        if (attempts++ == 0)
+            throw std::runtime_error("view broke");
+    };
+    device->setContext(view);
+    device->update();
+    ASSERT_TRUE(test::eventually([] { return !osal::host::exceptionReports().empty(); }));
+    auto report = osal::host::exceptionReports()[0];
+    EXPECT_EQ(report.source, "GraphicsDevice");
+    EXPECT_EQ(report.what, "view broke");
+    updateAndWait();
+    EXPECT_EQ(view->draws.load(), 1);
+    device.reset();
+}
+
+TEST_F(GraphicsDeviceTest, UpdateHeader_DrawsHeaderThenIndicator_AndExchangesHeaderCanvases) {
+    auto window = withWindow();
+    struct Indicator : ui::ContactlessStatusIndicator {
+        Indicator() : ContactlessStatusIndicator(200, 2, 100, 20) {}
+        void draw(_XuiWindow* canvas) override {
+            ui::Xui::CanvasDrawRect(canvas, 200, 2, 100, 20, 0xFF00FF00u, 0, 1);
+        }
+    };
+    auto header = std::make_shared<test::View>();
+    header->onDraw = [](_XuiWindow* c) { ui::Xui::CanvasDrawRect(c, 0, 0, 10, 10, 0xFFFF0000u, 0, 1); };
+
+    // Neither: nothing drawn, the header canvases are still exchanged.
+    device->updateHeader();
+    auto shows = xui_host::trace("ShowWindow");
+    ASSERT_EQ(shows.size(), 2u);
+    EXPECT_TRUE(xui_host::trace("CanvasDrawRect").empty());
+    const std::string firstHeader = shows[1].args[0]; // hidden now, drawn into next
+    xui_host::clearTrace();
+
+    // Only an indicator.
+    window->setContactlessStatusIndicator(std::make_shared<Indicator>());
+    device->updateHeader();
+    auto rects = calls("CanvasDrawRect");
+    ASSERT_EQ(rects.size(), 1u);
+    EXPECT_EQ(rects[0], "CanvasDrawRect(" + firstHeader + ", 200, 2, 100, 20, 0xff00ff00, 0, 1)");
+    xui_host::clearTrace();
+
+    // Header and indicator: the indicator is painted over the header.
+    window->setHeader(header);
+    device->updateHeader();
+    rects = calls("CanvasDrawRect");
+    ASSERT_EQ(rects.size(), 2u);
+    EXPECT_NE(rects[0].find(", 0, 0, 10, 10, 0xffff0000"), std::string::npos);
+    EXPECT_NE(rects[1].find("0xff00ff00"), std::string::npos);
+    auto strip = xui_host::screen();
+    EXPECT_EQ(strip.at(5, 5), 0xFFFF0000u);
+    EXPECT_EQ(strip.at(250, 10), 0xFF00FF00u);
+}
+
+TEST_F(GraphicsDeviceTest, Render_DrawsOneWidgetAndPresents) {
+    struct Box : ui::Widget {
+        Box() : Widget(5, 5, 10, 10) {}
+        void draw(_XuiWindow* c) override { ui::Xui::CanvasDrawRect(c, 5, 5, 10, 10, 0xFF0000FFu, 0, 1); }
+    } box;
+    _XuiWindow* back = device->getRootCanvas();
+    device->render(&box);
+    EXPECT_EQ(calls("CanvasDrawRect")[0].rfind("CanvasDrawRect(" + xui_host::nameOf(back), 0), 0u);
+    EXPECT_EQ(xui_host::screen().at(7, 24 + 7), 0xFF0000FFu);
+    EXPECT_NE(device->getRootCanvas(), back);
+}
+
+TEST_F(GraphicsDeviceTest, ContextAndReset_GoThroughTheWindow) {
+    auto view = std::make_shared<test::View>();
+    device->setContext(view); // no window: ignored
+    EXPECT_EQ(device->getContext(), nullptr);
+    auto window = withWindow();
+    EXPECT_EQ(device->getWindow(), window);
+    device->setContext(view);
+    EXPECT_EQ(device->getContext(), view);
+    device->reset();
+    EXPECT_EQ(device->getContext(), nullptr);
+}
+
+TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours) {
+    withWindow();
+    osal::host::setColor(resource::BRAND_MAIN_BACKGROUND, 0x123456FFu);
+    device->reInitializeFrameBuffers();
+    auto backgrounds = calls("CanvasSetBackground");
+    ASSERT_EQ(backgrounds.size(), 4u);
+    EXPECT_NE(backgrounds[0].find("0xff123456"), std::string::npos);
+    EXPECT_EQ(xui_host::screen().at(100, 100), 0xFF123456u);
+}
+
+TEST_F(GraphicsDeviceTest, Destruction_StopsTheThreadAndClosesXui) {
+    const int threads = test::threadCount();
+    withWindow();
+    device.reset();
+    EXPECT_EQ(test::threadCount(), threads - 1);
+    auto t = xui_host::trace();
+    ASSERT_GE(t.size(), 9u);
+    EXPECT_EQ(t.back().function, "Close");
+    for (size_t i = t.size() - 9; i < t.size() - 5; ++i)
+        EXPECT_EQ(t[i].function, "ClearArea");
+    for (size_t i = t.size() - 5; i < t.size() - 1; ++i)
+        EXPECT_EQ(t[i].function, "DestroyWindow");
+    EXPECT_FALSE(XuiIsRunning());
+}
+
+TEST_F(GraphicsDeviceTest, ClosedDisplay_ReportsZeroSize) {
+    device.reset();
+    XuiClose();
+    ui::GraphicsDevice reused(GraphicsDeviceParams{0, 24});
+    XuiClose(); // someone else closed it
+    EXPECT_EQ(reused.getScreenWidth(), 0u);
+    EXPECT_EQ(reused.getScreenHeight(), 0u);
+}
+
+} // namespace

@@ -1,0 +1,96 @@
+#include "Support.hpp"
+
+#include "ui/ContactlessStatusIndicator.hpp"
+#include "ui/KeyBoard.hpp"
+#include "ui/Window.hpp"
+
+namespace {
+
+using WindowTest = test::PlatformTest;
+using device::input::KEY_1;
+using device::input::KEY_2;
+
+TEST_F(WindowTest, Draw_WithoutViewIsFalse_WithViewDrawsIt) {
+    ui::Window window(320, 216);
+    EXPECT_FALSE(window.draw(nullptr));
+    auto view = std::make_shared<test::View>();
+    window.setView(view);
+    EXPECT_TRUE(window.draw(nullptr));
+    EXPECT_EQ(view->draws.load(), 1);
+}
+
+TEST_F(WindowTest, UpdateHeader_IsAlwaysTrue_AndDrawsWhatIsSet) {
+    ui::Window window(320, 216);
+    EXPECT_TRUE(window.updateHeader(nullptr));
+    struct Indicator : ui::ContactlessStatusIndicator {
+        Indicator() : ContactlessStatusIndicator(0, 0, 10, 10) {}
+        void draw(_XuiWindow*) override { ++draws; }
+        int draws = 0;
+    };
+    auto indicator = std::make_shared<Indicator>();
+    window.setContactlessStatusIndicator(indicator);
+    EXPECT_TRUE(window.updateHeader(nullptr));
+    EXPECT_EQ(indicator->draws, 1);
+}
+
+TEST_F(WindowTest, SetView_ReleasesTheOldViewFirst) {
+    ui::Window window(320, 216);
+    auto old = std::make_shared<test::View>();
+    std::weak_ptr<test::View> watch = old;
+    window.setView(old);
+    old.reset();
+    window.setView(std::make_shared<test::View>());
+    EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(WindowTest, Keys_WithoutViewAreDropped) {
+    ui::Window window(320, 216);
+    window.injectKeyPress(KEY_1); // nothing to receive it, nothing breaks
+    auto view = std::make_shared<test::View>();
+    window.setView(view);
+    window.injectKeyPress(KEY_2);
+    EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_2}));
+}
+
+TEST_F(WindowTest, AViewReplacingItselfFromItsKeyHandlerSurvivesTheCall) {
+    ui::Window window(320, 216);
+    auto first = std::make_shared<test::View>();
+    std::weak_ptr<test::View> watch = first;
+    bool aliveDuringHandler = false;
+    first->onKey = [&](device::input::Key) {
+        window.setView(std::make_shared<test::View>());
+        aliveDuringHandler = !watch.expired();
+    };
+    window.setView(first);
+    first.reset();
+    window.injectKeyPress(KEY_1);
+    EXPECT_TRUE(aliveDuringHandler);
+    EXPECT_TRUE(watch.expired()); // gone once its handler returned
+    EXPECT_NE(window.getView(), nullptr);
+}
+
+TEST_F(WindowTest, KeysFromTheKeypadReachTheViewOnTheKeypadThread) {
+    auto keyboard = std::make_shared<ui::input::KeyBoard>();
+    ui::Window window(320, 216);
+    auto view = std::make_shared<test::View>();
+    window.setView(view);
+    xui_host::pushKey('1');
+    xui_host::pushKey(XUI_KEY_ENTER);
+    ASSERT_TRUE(view->waitForKeys(2));
+    EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_1, device::input::KEY_ENTER}));
+    EXPECT_NE(view->keyThread, std::this_thread::get_id());
+    keyboard.reset();
+}
+
+TEST_F(WindowTest, AWindowMadeBeforeTheKeypadNeverReceivesKeys) {
+    ui::Window window(320, 216);
+    auto view = std::make_shared<test::View>();
+    window.setView(view);
+    auto keyboard = std::make_shared<ui::input::KeyBoard>();
+    xui_host::pushKey('1');
+    ASSERT_TRUE(test::eventually([] { return xui_host::keysRead() == 1; }));
+    keyboard.reset();
+    EXPECT_TRUE(view->receivedKeys().empty());
+}
+
+} // namespace

@@ -1,0 +1,107 @@
+#include "Support.hpp"
+
+#include "utl/thread.hpp"
+#include "utl/thread_pool.hpp"
+
+#include <boost/exception/exception.hpp>
+
+namespace {
+
+using Thread = test::PlatformTest;
+
+TEST_F(Thread, EscapingExceptionsAreLogged_AndTheThreadJoins) {
+    struct BoostError : boost::exception {};
+    utl::thread a([] { throw std::runtime_error("disk full"); });
+    utl::thread b([] { throw BoostError(); });
+    utl::thread c([] { throw 42; });
+    utl::thread d{std::function<void()>()}; // empty body: a bad function call, handled alike
+    a.join();
+    b.join();
+    c.join();
+    d.join();
+    auto reports = osal::host::exceptionReports();
+    ASSERT_EQ(reports.size(), 4u);
+    for (const auto& r : reports)
+        EXPECT_EQ(r.source, "utl/thread");
+    std::sort(reports.begin(), reports.end(), [](auto& x, auto& y) { return x.what < y.what; });
+    EXPECT_EQ(reports[0].what, "");
+    EXPECT_NE(reports[1].what.find("BoostError"), std::string::npos);
+    EXPECT_EQ(reports[2].what, "bad_function_call");
+    EXPECT_EQ(reports[3].what, "disk full");
+}
+
+TEST_F(Thread, MovingARunningThreadIsSafe) {
+    std::atomic<bool> ran{false};
+    std::vector<utl::thread> threads;
+    for (int i = 0; i < 8; ++i) // reallocations move running threads
+        threads.emplace_back([&] { ran = true; });
+    for (auto& t : threads)
+        t.join();
+    EXPECT_TRUE(ran);
+}
+
+TEST(ThreadDeathTest, DestroyingAJoinableThreadLogsAndTerminates) {
+    EXPECT_DEATH(
+        {
+            GetGlobalLogConfig().setLevel(LogLevel::Error);
+            utl::thread t([] { std::this_thread::sleep_for(std::chrono::seconds(1)); });
+        },
+        "thread destroyed without joining or detaching");
+}
+
+TEST(ThreadDeathTest, AboveErrorLevelTheLineIsNotWrittenButTheProcessStillEnds) {
+    EXPECT_DEATH(
+        {
+            GetGlobalLogConfig().setLevel(LogLevel::Fatal);
+            utl::thread t([] { std::this_thread::sleep_for(std::chrono::seconds(1)); });
+        },
+        "^terminate called"); // nothing logged before the runtime's own words
+}
+
+TEST_F(Thread, DetachedOrJoinedThreadsDieQuietly) {
+    utl::thread t([] {});
+    t.join();
+    utl::thread empty;
+    EXPECT_FALSE(empty.joinable());
+}
+
+using Pool = test::PlatformTest;
+
+TEST_F(Pool, RunsSubmittedWork_OnAWorkerPerHardwareThread) {
+    utl::thread_pool<utl::default_thread_pool_policy> pool;
+    EXPECT_EQ(pool.workerCount(), std::thread::hardware_concurrency());
+    std::atomic<int> done{0};
+    for (int i = 0; i < 100; ++i)
+        pool.submit([&] { ++done; });
+    // Tasks may queue tasks: the queue lock is not held while one runs.
+    pool.submit([&] { pool.submit([&] { done += 1000; }); });
+    EXPECT_TRUE(test::eventually([&] { return done.load() == 1100; }));
+}
+
+TEST_F(Pool, DestructionFinishesTasksInHand_AndDropsQueuedOnes) {
+    std::atomic<int> started{0}, queuedRan{0};
+    auto pool = std::make_unique<utl::thread_pool<utl::default_thread_pool_policy>>();
+    const auto workers = pool->workerCount();
+    auto* raw = pool.get();
+    // Occupy every worker until destruction has begun, then queue more.
+    for (size_t i = 0; i < workers; ++i)
+        pool->submit([&, raw] {
+            ++started;
+            while (!raw->stopping())
+                std::this_thread::yield();
+        });
+    ASSERT_TRUE(test::eventually([&] { return size_t(started.load()) == workers; }));
+    for (int i = 0; i < 10; ++i)
+        pool->submit([&] { ++queuedRan; });
+    pool.reset();
+    EXPECT_EQ(queuedRan.load(), 0);
+}
+
+TEST_F(Pool, AThrowingTaskEndsItsWorkerAndIsLogged) {
+    utl::thread_pool<utl::default_thread_pool_policy> pool;
+    pool.submit([] { throw std::runtime_error("bad task"); });
+    EXPECT_TRUE(test::eventually([] { return !osal::host::exceptionReports().empty(); }));
+    EXPECT_EQ(osal::host::exceptionReports()[0].what, "bad task");
+}
+
+} // namespace

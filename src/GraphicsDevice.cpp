@@ -21,10 +21,18 @@ int headerWidth = 0;
 int headerHeight = 0;
 } // namespace
 
-int GetMainCanvasWidth() { return mainCanvasWidth; }
-int GetMainCanvasHeight() { return mainCanvasHeight; }
-int GetHeaderWidth() { return headerWidth; }
-int GetHeaderHeight() { return headerHeight; }
+int GetMainCanvasWidth() {
+    return mainCanvasWidth;
+}
+int GetMainCanvasHeight() {
+    return mainCanvasHeight;
+}
+int GetHeaderWidth() {
+    return headerWidth;
+}
+int GetHeaderHeight() {
+    return headerHeight;
+}
 
 namespace ui {
 
@@ -126,10 +134,10 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::applyBackgrounds() {
-    const XuiColor main = fonts::intToXuiColor(
-        resource::ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND));
-    const XuiColor header = fonts::intToXuiColor(
-        resource::ResourceMapping::getResourceColor(resource::BRAND_HEADER_BACKGROUND));
+    const XuiColor main =
+        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND));
+    const XuiColor header =
+        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_HEADER_BACKGROUND));
     Xui::CanvasSetBackground(mainBack, XUI_BG_NORMAL, nullptr, main);
     Xui::CanvasSetBackground(mainFront, XUI_BG_NORMAL, nullptr, main);
     Xui::CanvasSetBackground(headerBack, XUI_BG_NORMAL, nullptr, header);
@@ -181,7 +189,9 @@ void GraphicsDevice::GraphicsDeviceImpl::reset() {
         window->setView(nullptr);
 }
 
-void GraphicsDevice::GraphicsDeviceImpl::update() { drawEvent.notify_one(); }
+void GraphicsDevice::GraphicsDeviceImpl::update() {
+    drawEvent.notify_one();
+}
 
 void GraphicsDevice::GraphicsDeviceImpl::render(Widget* widget) {
     std::lock_guard<std::mutex> drawing(drawMutex);
@@ -206,7 +216,9 @@ std::shared_ptr<IContainer> GraphicsDevice::GraphicsDeviceImpl::getContext() con
     return window ? window->getView() : nullptr;
 }
 
-void GraphicsDevice::GraphicsDeviceImpl::waitForDraw() { std::lock_guard<std::mutex> lock(drawMutex); }
+void GraphicsDevice::GraphicsDeviceImpl::waitForDraw() {
+    std::lock_guard<std::mutex> lock(drawMutex);
+}
 
 void GraphicsDevice::GraphicsDeviceImpl::updateHeader() {
     std::lock_guard<std::mutex> windowLock(windowMutex);
@@ -228,7 +240,9 @@ unsigned GraphicsDevice::GraphicsDeviceImpl::getScreenHeight() const {
 }
 
 // Lock-free on purpose, so that it may be called from anywhere, key handlers included.
-std::shared_ptr<Window> GraphicsDevice::GraphicsDeviceImpl::getWindow() const { return std::atomic_load(&window); }
+std::shared_ptr<Window> GraphicsDevice::GraphicsDeviceImpl::getWindow() const {
+    return std::atomic_load(&window);
+}
 
 _XuiWindow* GraphicsDevice::GraphicsDeviceImpl::getRootCanvas() const {
     std::lock_guard<std::mutex> lock(canvasMutex);
@@ -256,19 +270,47 @@ GraphicsDevice::GraphicsDevice(const GraphicsDeviceParams& params)
 
 GraphicsDevice::~GraphicsDevice() = default;
 
-void GraphicsDevice::reset() { impl_->reset(); }
-void GraphicsDevice::update() { impl_->update(); }
-void GraphicsDevice::render(Widget* widget) { impl_->render(widget); }
-void GraphicsDevice::setWindow(const std::shared_ptr<Window>& window) { impl_->setWindow(window); }
-void GraphicsDevice::setContext(const std::shared_ptr<IContainer>& view) { impl_->setContext(view); }
-std::shared_ptr<IContainer> GraphicsDevice::getContext() const { return impl_->getContext(); }
-void GraphicsDevice::waitForDraw() { impl_->waitForDraw(); }
-void GraphicsDevice::updateHeader() { impl_->updateHeader(); }
-unsigned GraphicsDevice::getScreenWidth() const { return impl_->getScreenWidth(); }
-unsigned GraphicsDevice::getScreenHeight() const { return impl_->getScreenHeight(); }
-std::shared_ptr<Window> GraphicsDevice::getWindow() const { return impl_->getWindow(); }
-_XuiWindow* GraphicsDevice::getRootCanvas() const { return impl_->getRootCanvas(); }
-void GraphicsDevice::injectKeyPress(device::input::Key key) { impl_->injectKeyPress(key); }
-void GraphicsDevice::reInitializeFrameBuffers() { impl_->reInitializeFrameBuffers(); }
+void GraphicsDevice::reset() {
+    impl_->reset();
+}
+void GraphicsDevice::update() {
+    impl_->update();
+}
+void GraphicsDevice::render(Widget* widget) {
+    impl_->render(widget);
+}
+void GraphicsDevice::setWindow(const std::shared_ptr<Window>& window) {
+    impl_->setWindow(window);
+}
+void GraphicsDevice::setContext(const std::shared_ptr<IContainer>& view) {
+    impl_->setContext(view);
+}
+std::shared_ptr<IContainer> GraphicsDevice::getContext() const {
+    return impl_->getContext();
+}
+void GraphicsDevice::waitForDraw() {
+    impl_->waitForDraw();
+}
+void GraphicsDevice::updateHeader() {
+    impl_->updateHeader();
+}
+unsigned GraphicsDevice::getScreenWidth() const {
+    return impl_->getScreenWidth();
+}
+unsigned GraphicsDevice::getScreenHeight() const {
+    return impl_->getScreenHeight();
+}
+std::shared_ptr<Window> GraphicsDevice::getWindow() const {
+    return impl_->getWindow();
+}
+_XuiWindow* GraphicsDevice::getRootCanvas() const {
+    return impl_->getRootCanvas();
+}
+void GraphicsDevice::injectKeyPress(device::input::Key key) {
+    impl_->injectKeyPress(key);
+}
+void GraphicsDevice::reInitializeFrameBuffers() {
+    impl_->reInitializeFrameBuffers();
+}
 
 } // namespace ui

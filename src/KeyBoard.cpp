@@ -77,7 +77,9 @@ void impl::thread_impl(std::function<void(device::input::Key)>& bound) {
 
 } // namespace detail
 
-KeyBoard::KeyBoard() : impl_(std::make_unique<detail::impl>()) { ServiceLocator::addInputService(this); }
+KeyBoard::KeyBoard() : impl_(std::make_unique<detail::impl>()) {
+    ServiceLocator::addInputService(this);
+}
 
 KeyBoard::~KeyBoard() = default;
 

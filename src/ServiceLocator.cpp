@@ -9,8 +9,12 @@ std::mutex ServiceLocator::inputMutex_;
 ContactlessStatusIndicator* ServiceLocator::indicator_ = nullptr;
 std::mutex ServiceLocator::indicatorMutex_;
 
-void ServiceLocator::addGraphicsService(IGraphics* graphics) { graphics_ = graphics; }
-IGraphics* ServiceLocator::getGraphicsService() { return graphics_; }
+void ServiceLocator::addGraphicsService(IGraphics* graphics) {
+    graphics_ = graphics;
+}
+IGraphics* ServiceLocator::getGraphicsService() {
+    return graphics_;
+}
 
 void ServiceLocator::addInputService(input::KeyBoard* input) {
     std::lock_guard<std::mutex> lock(inputMutex_);

@@ -64,7 +64,9 @@ thread_pool<default_thread_pool_policy>::thread_pool() : done(false), joiner(thr
     }
 }
 
-thread_pool<default_thread_pool_policy>::~thread_pool() { done = true; }
+thread_pool<default_thread_pool_policy>::~thread_pool() {
+    done = true;
+}
 
 void thread_pool<default_thread_pool_policy>::submit(std::function<void()> task) {
     std::lock_guard<std::mutex> lock(queueMutex);

@@ -5,7 +5,9 @@
 
 #include <stdexcept>
 
-std::string getUserInterfaceVersion() { return "1.2.1.0"; }
+std::string getUserInterfaceVersion() {
+    return "1.2.1.0";
+}
 
 namespace ui {
 
@@ -43,7 +45,11 @@ private:
 UserInterface::UserInterface(const GraphicsDeviceParams& params) : impl_(std::make_unique<impl>(params)) {}
 UserInterface::~UserInterface() = default;
 
-void UserInterface::initialize() { impl_->initialize(); }
-geom::rectangle UserInterface::screenSize() { return impl_->screenSize(); }
+void UserInterface::initialize() {
+    impl_->initialize();
+}
+geom::rectangle UserInterface::screenSize() {
+    return impl_->screenSize();
+}
 
 } // namespace ui

@@ -83,14 +83,26 @@ private:
 Window::Window(unsigned width, unsigned height) : impl_(std::make_unique<WindowImpl>(width, height)) {}
 Window::~Window() = default;
 
-bool Window::draw(_XuiWindow* canvas) { return impl_->draw(canvas); }
-bool Window::updateHeader(_XuiWindow* canvas) { return impl_->updateHeader(canvas); }
-void Window::setView(const std::shared_ptr<IContainer>& view) { impl_->setView(view); }
-std::shared_ptr<IContainer> Window::getView() const { return impl_->getView(); }
-void Window::setHeader(const std::shared_ptr<IContainer>& header) { impl_->setHeader(header); }
+bool Window::draw(_XuiWindow* canvas) {
+    return impl_->draw(canvas);
+}
+bool Window::updateHeader(_XuiWindow* canvas) {
+    return impl_->updateHeader(canvas);
+}
+void Window::setView(const std::shared_ptr<IContainer>& view) {
+    impl_->setView(view);
+}
+std::shared_ptr<IContainer> Window::getView() const {
+    return impl_->getView();
+}
+void Window::setHeader(const std::shared_ptr<IContainer>& header) {
+    impl_->setHeader(header);
+}
 void Window::setContactlessStatusIndicator(const std::shared_ptr<ContactlessStatusIndicator>& indicator) {
     impl_->setContactlessStatusIndicator(indicator);
 }
-void Window::injectKeyPress(device::input::Key key) { impl_->injectKeyPress(key); }
+void Window::injectKeyPress(device::input::Key key) {
+    impl_->injectKeyPress(key);
+}
 
 } // namespace ui

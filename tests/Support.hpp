@@ -125,7 +125,19 @@ private:
     std::vector<device::input::Key> keys;
 };
 
-// Threads of this process, to prove that teardown leaves none behind.
+// Writes a plain w x h picture under the test temp folder and returns its path.
+inline std::string writePng(const std::string& name, unsigned w, unsigned h, uint32_t argb = 0xFF336699) {
+    xui_host::Pixels p;
+    p.width = w;
+    p.height = h;
+    p.argb.assign(size_t(w) * h, argb);
+    const std::string path = ::testing::TempDir() + "/" + name + ".png";
+    xui_host::savePng(p, path);
+    return path;
+}
+
+// Threads of this process, to prove that teardown leaves none behind. A thread just joined may
+// linger here for a moment: compare through eventually().
 inline int threadCount() {
     int n = 0;
     if (DIR* dir = opendir("/proc/self/task")) {

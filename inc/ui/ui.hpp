@@ -3,7 +3,9 @@
 
 #include "ui/ContactlessStatusIndicator.hpp"
 #include "ui/GraphicsDevice.hpp"
+#include "ui/Header.hpp"
 #include "ui/IGraphics.hpp"
+#include "ui/Image.hpp"
 #include "ui/KeyBoard.hpp"
 #include "ui/Label.hpp"
 #include "ui/UserInterface.hpp"

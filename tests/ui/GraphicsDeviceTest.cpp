@@ -58,9 +58,17 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     std::vector<std::string> sequence;
     for (const auto& c : xui_host::trace())
         sequence.push_back(c.function);
-    const std::vector<std::string> expected = {
-        "Open",   "CreateCanvas", "CreateCanvas", "CreateCanvas", "CreateCanvas", "CanvasSetBackground",
-        "CanvasSetBackground", "CanvasSetBackground", "CanvasSetBackground", "ShowWindow", "ShowWindow"};
+    const std::vector<std::string> expected = {"Open",
+                                               "CreateCanvas",
+                                               "CreateCanvas",
+                                               "CreateCanvas",
+                                               "CreateCanvas",
+                                               "CanvasSetBackground",
+                                               "CanvasSetBackground",
+                                               "CanvasSetBackground",
+                                               "CanvasSetBackground",
+                                               "ShowWindow",
+                                               "ShowWindow"};
     EXPECT_EQ(sequence, expected);
     // Each argument is cut to 14 characters and its terminator.
     EXPECT_EQ(xui_host::trace("Open")[0].str(), "Open(\"ROTATE=1234567\", \"STATUSBAR=24\")");
@@ -68,7 +76,8 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     EXPECT_EQ(creates[0].str(), "CreateCanvas(root, 0, 0, 320, 216)");
     EXPECT_EQ(creates[2].str(), "CreateCanvas(statusbar, 0, 0, 320, 24)");
     // Canvases are named in creation order: main back c3, main front c4, header back c5.
-    EXPECT_EQ(calls("ShowWindow"), (std::vector<std::string>{"ShowWindow(c4, 1, 0)", "ShowWindow(c5, 1, 0)"}));
+    EXPECT_EQ(calls("ShowWindow"),
+              (std::vector<std::string>{"ShowWindow(c4, 1, 0)", "ShowWindow(c5, 1, 0)"}));
 }
 
 TEST_F(GraphicsDeviceTest, Update_DrawsIntoTheHiddenCanvasAndExchanges) {
@@ -235,7 +244,7 @@ TEST_F(GraphicsDeviceTest, Destruction_StopsTheThreadAndClosesXui) {
     const int threads = test::threadCount();
     withWindow();
     device.reset();
-    EXPECT_EQ(test::threadCount(), threads - 1);
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads - 1; }));
     auto t = xui_host::trace();
     ASSERT_GE(t.size(), 9u);
     EXPECT_EQ(t.back().function, "Close");

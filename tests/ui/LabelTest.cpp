@@ -100,7 +100,7 @@ TEST_F(LabelTest, Draw_OnlyLinesThatFit_CentredVertically) {
     const std::string c = xui_host::nameOf(canvas());
     const std::string font = xui_host::nameOf(ui::fonts::getFont());
     EXPECT_EQ(calls[0].str(),
-              "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xff1e1e1e, \"word\")");
+              "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xffeceff1, \"word\")");
     EXPECT_EQ(calls[1].args[2], "125");
     label.verticalAlignment(false);
     EXPECT_EQ(drawn(label)[0].args[2], "100");

@@ -13,13 +13,16 @@ protected:
     UserInterfaceTest() { openDisplay = false; }
 };
 
-TEST_F(UserInterfaceTest, Version) { EXPECT_EQ(getUserInterfaceVersion(), "1.2.1.0"); }
+TEST_F(UserInterfaceTest, Version) {
+    EXPECT_EQ(getUserInterfaceVersion(), "1.2.1.0");
+}
 
 TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
     const int threads = test::threadCount();
     {
         ui::UserInterface ui(GraphicsDeviceParams{0, 24});
-        EXPECT_EQ(test::threadCount(), threads + 1); // the rendering thread
+        EXPECT_TRUE(
+            test::eventually([&] { return test::threadCount() == threads + 1; })); // the rendering thread
         auto size = ui.screenSize();
         EXPECT_EQ(size.x, 0u);
         EXPECT_EQ(size.y, 0u);
@@ -27,7 +30,8 @@ TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
         EXPECT_EQ(size.height, 216u);
 
         ui.initialize();
-        EXPECT_EQ(test::threadCount(), threads + 2); // and the keypad thread
+        EXPECT_TRUE(
+            test::eventually([&] { return test::threadCount() == threads + 2; })); // and the keypad thread
         ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
         ASSERT_NE(graphics, nullptr);
         ASSERT_NE(graphics->getWindow(), nullptr);
@@ -40,7 +44,7 @@ TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
         ASSERT_TRUE(view->waitForKeys(1));
         xui_host::clearTrace();
     }
-    EXPECT_EQ(test::threadCount(), threads);
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads; }));
     EXPECT_FALSE(XuiIsRunning());
     auto t = xui_host::trace();
     ASSERT_FALSE(t.empty());
@@ -50,7 +54,7 @@ TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
 TEST_F(UserInterfaceTest, TeardownWithoutInitialize_ClosesCleanly) {
     const int threads = test::threadCount();
     { ui::UserInterface ui(GraphicsDeviceParams{0, 24}); }
-    EXPECT_EQ(test::threadCount(), threads);
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads; }));
     EXPECT_FALSE(XuiIsRunning());
 }
 

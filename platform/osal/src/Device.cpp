@@ -24,7 +24,8 @@ struct DeviceState {
 };
 
 DeviceState& dev() {
-    static DeviceState d;
+    // Never destroyed: other libraries' statics may beep or log at exit.
+    static DeviceState& d = *new DeviceState;
     return d;
 }
 

@@ -20,7 +20,7 @@ struct Table {
 };
 
 Table& table() {
-    static Table t;
+    static Table& t = *new Table; // never destroyed
     return t;
 }
 

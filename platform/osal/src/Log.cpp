@@ -18,7 +18,8 @@ struct LogState {
 };
 
 LogState& logState() {
-    static LogState s;
+    // Never destroyed: threads and statics may log while the process exits.
+    static LogState& s = *new LogState;
     return s;
 }
 
@@ -59,7 +60,7 @@ const char* baseName(const char* path) {
 } // namespace
 
 LogConfig& GetGlobalLogConfig() {
-    static LogConfig config;
+    static LogConfig& config = *new LogConfig; // never destroyed
     return config;
 }
 

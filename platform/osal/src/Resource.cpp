@@ -7,25 +7,26 @@
 
 namespace {
 
-// A calm default theme: dark text on white, a deep blue accent for title bands and focus
-// bars (white text on it), a navy header with a white clock, green progress.
+// A dark default theme. Label text (1) must read both on the main background (2) and on the
+// header (15), where the offline-store count is drawn in it; title captions and focused list
+// rows put the main background colour (2) on the accent (10).
 constexpr std::array<unsigned, 16> kDefaultPalette = {
     0xFF00FFFFu, // 0: unused
-    0x1E1E1EFFu, // 1 text
-    0xFFFFFFFFu, // 2 main background
-    0x0B4F8CFFu, // 3 accent text
-    0x5F6368FFu, // 4 secondary text
-    0x3C4043FFu, // 5 progress frame
-    0xE8EAEDFFu, // 6 progress background
-    0x1E88E5FFu, // 7 progress fill
-    0x2E7D32FFu, // 8 progress full
-    0xF9A825FFu, // 9 warning
-    0x0B4F8CFFu, // 10 accent (title band, focus bar)
-    0x9AA0A6FFu, // 11 disabled text
-    0x111111FFu, // 12 input text
+    0xECEFF1FFu, // 1 text
+    0x0F1C2EFFu, // 2 main background
+    0x64B5F6FFu, // 3 accent text
+    0x90A4AEFFu, // 4 secondary text
+    0x78909CFFu, // 5 progress frame
+    0x1C2B3DFFu, // 6 progress background
+    0x42A5F5FFu, // 7 progress fill
+    0x66BB6AFFu, // 8 progress full
+    0xFFB300FFu, // 9 warning
+    0x4FC3F7FFu, // 10 accent (title band, focus bar)
+    0x607D8BFFu, // 11 disabled text
+    0xFFFFFFFFu, // 12 input text
     0xFFFFFFFFu, // 13 clock
-    0xC62828FFu, // 14 error
-    0x102A43FFu, // 15 header background
+    0xEF5350FFu, // 14 error
+    0x07111EFFu, // 15 header background
 };
 
 std::array<std::atomic<unsigned>, 16>& palette() {

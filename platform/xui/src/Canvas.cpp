@@ -6,7 +6,8 @@
 namespace xui_impl {
 
 State& state() {
-    static State s;
+    // Never destroyed: images and fonts may be released by other libraries' statics at exit.
+    static State& s = *new State;
     return s;
 }
 

@@ -18,7 +18,7 @@ struct Keys {
 };
 
 Keys& keys() {
-    static Keys k;
+    static Keys& k = *new Keys; // never destroyed, like the renderer state
     return k;
 }
 

@@ -40,7 +40,7 @@ FT_Library library() {
 }
 
 std::map<const Font*, FaceCache>& caches() {
-    static std::map<const Font*, FaceCache> c;
+    static auto& c = *new std::map<const Font*, FaceCache>; // never destroyed
     return c;
 }
 

@@ -16,7 +16,7 @@ struct Trace {
 };
 
 Trace& tr() {
-    static Trace t;
+    static Trace& t = *new Trace; // never destroyed
     return t;
 }
 

@@ -1,0 +1,101 @@
+#include "Support.hpp"
+
+#include "ui/Image.hpp"
+#include "ui/Xui.hpp"
+
+#include <fstream>
+
+namespace {
+
+const char* const kAnimation = "res/images/demo/present_card.gif";
+
+class GIFTest : public test::PlatformTest {
+protected:
+    // The animation's pixels as composited on the panel (root area starts below the bar).
+    xui_host::Pixels region(unsigned x, unsigned y, unsigned w, unsigned h) {
+        auto s = xui_host::screen();
+        xui_host::Pixels out;
+        out.width = w;
+        out.height = h;
+        for (unsigned r = 0; r < h; ++r)
+            for (unsigned c = 0; c < w; ++c)
+                out.argb.push_back(s.at(x + c, 24 + y + r));
+        return out;
+    }
+};
+
+TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
+    ui::GIF gif(kAnimation, 10, 20, 120, 90);
+    auto created = xui_host::trace("CreateGif");
+    ASSERT_EQ(created.size(), 1u);
+    EXPECT_EQ(created[0].str(), "CreateGif(root, 10, 20, 120, 90, \"res/images/demo/present_card.gif\")");
+    xui_host::pinAnimationTime(std::chrono::milliseconds(0));
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu); // the animation's white background
+
+    gif.setVisible(false); // only the widget's flag
+    gif.draw(nullptr);
+    EXPECT_EQ(xui_host::trace("ShowWindow").back().args[1], "1");
+    gif.visible(false);
+    gif.draw(nullptr);
+    EXPECT_FALSE(gif.isVisible());
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFF000000u); // the root's background shows again
+    gif.visible(true);
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu);
+
+    gif.setX(200); // the window stays where it was made
+    EXPECT_EQ(gif.getX(), 200u);
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu);
+}
+
+TEST_F(GIFTest, FramesFollowTheAnimationClock) {
+    ui::GIF gif(kAnimation, 0, 0, 120, 90);
+    xui_host::pinAnimationTime(std::chrono::milliseconds(0));
+    const auto first = region(0, 0, 120, 90);
+    xui_host::pinAnimationTime(std::chrono::milliseconds(500));
+    const auto later = region(0, 0, 120, 90);
+    EXPECT_NE(first.argb, later.argb);
+    xui_host::pinAnimationTime(std::chrono::milliseconds(119));
+    EXPECT_EQ(region(0, 0, 120, 90).argb, first.argb); // each frame stays 120 ms
+}
+
+TEST_F(GIFTest, MissingOrBrokenFilesAreHarmless) {
+    const std::string broken = ::testing::TempDir() + "/broken.gif";
+    std::ofstream(broken) << "GIF89a but nothing more";
+    for (const std::string& path : {std::string("no/such.gif"), broken, std::string()}) {
+        ui::GIF gif(path, 0, 0, 10, 10);
+        gif.draw(nullptr);
+        gif.visible(false);
+        gif.visible(true);
+    }
+    ui::GIF empty;
+    empty.draw(nullptr);
+    EXPECT_TRUE(xui_host::trace("ShowWindow").empty());
+    EXPECT_TRUE(xui_host::trace("DestroyWindow").empty());
+}
+
+TEST_F(GIFTest, MovingTransfersTheRunningAnimation) {
+    auto source = std::make_unique<ui::GIF>(kAnimation, 0, 0, 120, 90);
+    source->setVisible(false);
+    ui::GIF moved(std::move(*source));
+    EXPECT_FALSE(moved.isVisible()) << "the source's widget flag is applied";
+    xui_host::clearTrace();
+    source.reset(); // owns no window any more
+    EXPECT_TRUE(xui_host::trace("DestroyWindow").empty());
+
+    ui::GIF target(kAnimation, 0, 0, 60, 45);
+    xui_host::clearTrace();
+    target = std::move(moved);
+    EXPECT_EQ(xui_host::trace("DestroyWindow").size(), 1u); // the target's previous window
+    xui_host::clearTrace();
+    {
+        ui::GIF last(std::move(target));
+    }
+    auto t = xui_host::trace(); // shown as the source was, then hidden, then destroyed
+    ASSERT_EQ(t.size(), 3u);
+    EXPECT_EQ(t[0].function, "ShowWindow");
+    EXPECT_EQ(t[1].function, "ShowWindow");
+    EXPECT_EQ(t[1].args[1], "0");
+    EXPECT_EQ(t[2].function, "DestroyWindow");
+}
+
+} // namespace

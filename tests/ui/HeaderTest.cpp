@@ -1,0 +1,210 @@
+#include "Golden.hpp"
+#include "Support.hpp"
+
+#include "ui/GraphicsDevice.hpp"
+#include "ui/Header.hpp"
+#include "ui/UserInterface.hpp"
+#include "ui/Window.hpp"
+#include "ui/Xui.hpp"
+
+namespace {
+
+const std::string kRes = "res/";
+constexpr int64_t k0905on7March2025 = 1741338300;
+
+class HeaderTest : public test::PlatformTest {
+protected:
+    void SetUp() override {
+        PlatformTest::SetUp();
+        ImageResourceCache::clearCache();
+    }
+    void TearDown() override {
+        ImageResourceCache::clearCache();
+        PlatformTest::TearDown();
+    }
+    // The file name of each picture drawn, in order.
+    static std::vector<std::string> drawnPictures() {
+        std::vector<std::string> names;
+        for (const auto& c : xui_host::trace("CanvasDrawImg"))
+            names.push_back(c.args.back());
+        return names;
+    }
+    static std::string pictureOf(const std::string& path) {
+        return xui_host::nameOf(ImageResourceCache::getImage(kRes + path)->getImage());
+    }
+    // Whether the handle drawn shows the given file. Compared by pixels, because batteries keep
+    // the pictures of the first one built in the process, whatever later caches hold.
+    static inline bool batteriesBuilt = false;
+    std::vector<std::string> drawnTexts(ui::Widget& w) {
+        xui_host::clearTrace();
+        w.draw(ui::Xui::RootCanvas());
+        std::vector<std::string> out;
+        for (const auto& c : xui_host::trace("CanvasDrawText"))
+            out.push_back(c.args.back());
+        return out;
+    }
+};
+
+TEST_F(HeaderTest, Battery_ShowsTheIndexedIcon_IgnoringValuesAboveSix) {
+    batteriesBuilt = true;
+    ui::Battery battery(0, 0, 24, 24, kRes);
+    // Batteries share the pictures of the first one built in the process: compare by pixels.
+    XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 24, 24); // transparent
+    auto shown = [&] {
+        XuiClearArea(canvas, 0, 0, 24, 24);
+        battery.draw(canvas);
+        return xui_host::canvas(canvas);
+    };
+    auto file = [](const std::string& name) { return xui_host::loadPng(kRes + "images/header/battery/" + name).argb; };
+    EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_1.png"));
+    battery.setValue(3);
+    EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_4.png"));
+    battery.setValue(7);
+    EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_4.png"));
+    battery.setValue(6);
+    EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_charging_Icon_05.png"));
+    battery.setValue(-3);
+    EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_1.png"));
+}
+
+TEST_F(HeaderTest, Battery_AndEthernet_FollowTheTerminalsCapabilities) {
+    batteriesBuilt = true;
+    osal::host::setCapabilities(false, false);
+    ui::Battery battery(0, 0, 24, 24, kRes);
+    ui::Ethernet ethernet(30, 0, 24, 24, kRes);
+    EXPECT_FALSE(battery.isVisible());
+    EXPECT_FALSE(ethernet.isVisible());
+    battery.draw(ui::Xui::RootCanvas());
+    ethernet.draw(ui::Xui::RootCanvas());
+    EXPECT_TRUE(drawnPictures().empty());
+    ui::drawIcon(ui::Xui::RootCanvas()); // draws regardless of visibility
+    EXPECT_EQ(drawnPictures().size(), 1u);
+}
+
+TEST_F(HeaderTest, Ethernet_ShowsTheGlobeWhenConnected) {
+    ui::Ethernet ethernet(0, 0, 24, 24, kRes);
+    ethernet.setValue(true);
+    ethernet.draw(ui::Xui::RootCanvas());
+    ethernet.setValue(false);
+    ethernet.draw(ui::Xui::RootCanvas());
+    EXPECT_EQ(drawnPictures(),
+              (std::vector<std::string>{
+                  pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_globe_icon.png"),
+                  pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_icon.png")}));
+}
+
+TEST_F(HeaderTest, FlightModeAndUpdate_AreShownOnlyWhenAsked) {
+    ui::FlightMode flight(0, 0, 24, 24, kRes);
+    ui::ApplicationUpdate update(30, 0, 24, 24, kRes);
+    update.setValue(false);
+    flight.draw(ui::Xui::RootCanvas());
+    update.draw(ui::Xui::RootCanvas());
+    EXPECT_TRUE(drawnPictures().empty());
+    flight.setVisible(true);
+    update.setValue(true);
+    flight.draw(ui::Xui::RootCanvas());
+    update.draw(ui::Xui::RootCanvas());
+    EXPECT_EQ(drawnPictures().size(), 2u);
+}
+
+TEST_F(HeaderTest, OfflineStore_ShowsTheCountUnderTheIcon) {
+    // The count wraps at the widget's width, measured at the default size: "+99" needs 32.
+    ui::OfflineTransactionStore store(10, 2, 32, 16, kRes);
+    EXPECT_TRUE(drawnTexts(store).empty());
+    EXPECT_TRUE(drawnPictures().empty());
+    EXPECT_FALSE(store.isVisible());
+    store.setValue(7);
+    EXPECT_EQ(drawnTexts(store), (std::vector<std::string>{"\"7\""}));
+    auto text = xui_host::trace("CanvasDrawText")[0];
+    EXPECT_EQ(text.args[2], "18"); // under the icon
+    EXPECT_EQ(text.args[3], "10"); // half size
+    store.setValue(99);
+    EXPECT_EQ(drawnTexts(store), (std::vector<std::string>{"\"99\""}));
+    store.setValue(100);
+    EXPECT_EQ(drawnTexts(store), (std::vector<std::string>{"\"+99\""}));
+}
+
+TEST_F(HeaderTest, SignalStrength_SplitsPercentagesIntoEqualBands) {
+    std::vector<ui::Image> bars;
+    for (int i = 0; i < 5; ++i)
+        bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 200, 4, 0, 0);
+    ui::SignalStrength signal({200, 4, 24, 24}, bars);
+    const struct {
+        unsigned percent, index;
+    } table[] = {{0, 0}, {19, 0}, {20, 1}, {39, 1}, {40, 2}, {99, 4}, {100, 4}, {101, 0}, {4000000000u, 0}};
+    for (const auto& row : table) {
+        signal.setSignal(row.percent);
+        EXPECT_EQ(signal.getSignal(), row.index) << row.percent << "%";
+    }
+    EXPECT_EQ(std::distance(signal.begin(), signal.end()), 5);
+    EXPECT_THROW(ui::SignalStrength({0, 0, 1, 1}, {}), std::invalid_argument);
+}
+
+TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
+    osal::host::pinClock(k0905on7March2025);
+    ui::Time clock(0, 0, 96, 20); // the date is measured at the default size: it needs 90
+    EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"\"09:05\"", "\"07/03/2025\""}));
+    osal::host::pinClock(k0905on7March2025 - 9 * 3600 - 5 * 60); // midnight
+    EXPECT_EQ(drawnTexts(clock)[0], "\"00:00\"");
+    osal::host::pinClock(-100000LL * 365 * 86400); // far outside the calendar
+    EXPECT_THROW(clock.draw(ui::Xui::RootCanvas()), std::out_of_range);
+}
+
+TEST_F(HeaderTest, Format_PadsToTwoDigits) {
+    EXPECT_EQ(format(0), "00");
+    EXPECT_EQ(format(9), "09");
+    EXPECT_EQ(format(10), "10");
+    EXPECT_EQ(format(2025), "2025");
+    EXPECT_EQ(format(-5), "0-5");
+    EXPECT_EQ(getTimeAsString(9, 5), "09:05");
+    EXPECT_EQ(ui::getDateAsString(7, 3, 2025), "07/03/2025");
+}
+
+// The whole status header, as a person sees it.
+class HeaderStrip : public ui::IContainer {
+public:
+    HeaderStrip() : IContainer(0, 0, 320, 32) {
+        auto offline = std::make_shared<ui::OfflineTransactionStore>(130, 1, 32, 16, kRes);
+        offline->setValue(7);
+        auto update = std::make_shared<ui::ApplicationUpdate>(172, 4, 24, 24, kRes);
+        update->setValue(true);
+        std::vector<ui::Image> bars;
+        for (int i = 0; i < 5; ++i)
+            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0, 0);
+        auto signal = std::make_shared<ui::SignalStrength>(ui::geom::rectangle{198, 4, 24, 24}, bars);
+        signal->setSignal(80);
+        auto ethernet = std::make_shared<ui::Ethernet>(224, 4, 24, 24, kRes);
+        ethernet->setValue(true);
+        auto flight = std::make_shared<ui::FlightMode>(250, 4, 24, 24, kRes);
+        flight->setVisible(true);
+        auto battery = std::make_shared<ui::Battery>(276, 4, 24, 24, kRes);
+        battery->setValue(3);
+        widgets = {std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
+    }
+    void draw(_XuiWindow* canvas) override { drawWidgets(canvas); }
+    void handleKeyPress(const device::input::Key&) override {}
+    void onShow() override {}
+    void onHide() override {}
+    void onRefresh() override {}
+    bool isFinished() const override { return false; }
+};
+
+TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
+    if (batteriesBuilt)
+        GTEST_SKIP() << "batteries keep the first one's pictures for the whole process; CTest runs this alone";
+    XuiClose();
+    osal::host::pinClock(k0905on7March2025);
+    {
+        ui::UserInterface ui(GraphicsDeviceParams{0, 32});
+        ui.initialize();
+        ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
+        graphics->getWindow()->setHeader(std::make_shared<HeaderStrip>());
+        graphics->updateHeader();
+        auto screen = xui_host::screen();
+        screen.argb.resize(size_t(screen.width) * 32);
+        screen.height = 32;
+        EXPECT_TRUE(test::matchesGolden(screen, "header"));
+    }
+}
+
+} // namespace

@@ -1,0 +1,143 @@
+#include "Support.hpp"
+
+#include "ui/Image.hpp"
+#include "ui/Xui.hpp"
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+namespace {
+
+class ImageTest : public test::PlatformTest {
+protected:
+    void SetUp() override {
+        PlatformTest::SetUp();
+        ImageResourceCache::clearCache();
+        picture = test::writePng("picture32x16", 32, 16);
+    }
+    void TearDown() override {
+        ImageResourceCache::clearCache();
+        PlatformTest::TearDown();
+    }
+    // Every handle loaded must be freed exactly once.
+    void expectEachHandleFreedOnce() {
+        std::map<std::string, int> frees;
+        for (const auto& c : xui_host::trace("ImgFree"))
+            ++frees[c.args[0]];
+        for (const auto& [handle, count] : frees)
+            EXPECT_EQ(count, 1) << handle;
+        EXPECT_EQ(frees.size(), xui_host::trace("ImgLoadFromFile").size());
+    }
+    std::string picture;
+};
+
+TEST_F(ImageTest, Loader_ThrowsWithThePathForAMissingOrBrokenFile) {
+    try {
+        ui::Image image("no/such/picture.png");
+        FAIL();
+    } catch (const std::runtime_error& e) {
+        EXPECT_STREQ(e.what(), "loadImage: no/such/picture.png does not point to a file");
+    }
+    const std::string broken = ::testing::TempDir() + "/broken.png";
+    std::ofstream(broken) << "\x89PNG\r\n\x1a\n but then nothing";
+    EXPECT_THROW(ui::Image{broken}, std::runtime_error);
+}
+
+TEST_F(ImageTest, Size_IsThePicturesOwn) {
+    ui::Image image(picture, 5, 6, 100, 100);
+    EXPECT_EQ(image.getWidth(), 32u);
+    EXPECT_EQ(image.getHeight(), 16u);
+    EXPECT_EQ(image.getX(), 5u);
+    EXPECT_EQ(image->width, 32u);
+    ui::Image nothing(picture, 0, 0, 0, 0, [](const char*) -> _XuiImg* { return nullptr; });
+    EXPECT_EQ(nothing.getWidth(), 0u);
+    EXPECT_EQ(*nothing, nullptr);
+    EXPECT_THROW(ui::Image(picture, 0, 0, 0, 0, nullptr), std::bad_function_call);
+}
+
+TEST_F(ImageTest, Draw_BlitsAtItsBoxEvenWhenHidden) {
+    ui::Image image(picture, 5, 6, 0, 0);
+    image.setVisible(false);
+    xui_host::clearTrace();
+    image.draw(ui::Xui::RootCanvas());
+    ASSERT_EQ(calls("CanvasDrawImg").size(), 1u);
+    EXPECT_EQ(calls("CanvasDrawImg")[0], "CanvasDrawImg(root, 5, 6, 32, 16, 0, " + xui_host::nameOf(*image) + ")");
+}
+
+TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
+    {
+        auto source = std::make_unique<ui::Image>(picture, 1, 2, 0, 0);
+        source->setVisible(false);
+        ui::Image copy(*source);
+        EXPECT_NE(*copy, **source);
+        EXPECT_TRUE(copy.isVisible());
+        EXPECT_EQ(copy.getWidth(), 32u);
+        source.reset();
+        copy.draw(ui::Xui::RootCanvas()); // still drawable after the source is gone
+        EXPECT_EQ(xui_host::trace("CanvasDrawImg").back().args.back(), xui_host::nameOf(*copy));
+
+        ui::Image moved(std::move(copy));
+        EXPECT_EQ(*copy, nullptr);
+        EXPECT_NE(*moved, nullptr);
+
+        const std::string other = test::writePng("other8x8", 8, 8);
+        ui::Image target(other);
+        target = moved; // frees its own, loads afresh
+        EXPECT_EQ(target.getFilename(), picture);
+        EXPECT_NE(*target, *moved);
+        target = target; // self-assignment changes nothing
+
+        ui::Image swapped(other);
+        swapped = std::move(moved);
+        EXPECT_EQ(swapped.getFilename(), picture);
+        EXPECT_EQ(moved.getFilename(), other);
+        EXPECT_EQ(*moved, nullptr);
+    }
+    expectEachHandleFreedOnce();
+}
+
+TEST_F(ImageTest, Stream_WritesTheHandleStateAndTheWidget) {
+    ui::Image image(picture, 1, 2, 0, 0);
+    std::ostringstream out;
+    out << image;
+    EXPECT_EQ(out.str(), "\nIMAGE DATA NOT NULL: true\n\nWidtet X:         1\nWidtet Y:         2\n"
+                         "Widtet W:         32\nWidtet H:         16\nWidtet VISIBLE:   true\n\n\n");
+}
+
+TEST_F(ImageTest, Cache_SharesOneImagePerPath_UntilCleared) {
+    auto a = ImageResourceCache::getImage(picture);
+    auto b = ImageResourceCache::getImage(picture);
+    EXPECT_EQ(a, b);
+    EXPECT_EQ(xui_host::trace("ImgLoadFromFile").size(), 1u);
+    ImageResourceCache::clearCache();
+    auto c = ImageResourceCache::getImage(picture);
+    EXPECT_NE(c, a);
+    EXPECT_NE(a->getImage(), nullptr) << "the old image stays valid for its holders";
+    EXPECT_NE(ImageResourceCache::getImage("/" + picture), c) << "paths are keys as given";
+    EXPECT_THROW(ImageResourceCache::getImage("missing.png"), std::runtime_error);
+    EXPECT_THROW(ImageResourceCache::getImage("missing.png"), std::runtime_error); // nothing stored
+    EXPECT_EQ(xui_host::trace("ImgLoadFromFile").size(), 5u);
+}
+
+TEST_F(ImageTest, ExtensionValidator_AcceptsOnlyDotPng) {
+    const ui::ImageExtensionValidator valid;
+    for (const char* yes : {".png", ".PNG", ".Png", ".pNg"})
+        EXPECT_TRUE(valid(yes)) << yes;
+    for (const char* no : {".jpg", "png", ".png ", ".pngx", "", "a.png", ".gif", " .png"})
+        EXPECT_FALSE(valid(no)) << '"' << no << '"';
+}
+
+TEST_F(ImageTest, Directory_AcceptsOnlyAnExistingDirectory) {
+    EXPECT_EQ(ui::Directory("res").getDirectory(), "res");
+    for (const std::string& path : {picture, std::string("no/such/dir"), std::string()}) {
+        try {
+            ui::Directory d(path);
+            FAIL() << path;
+        } catch (const std::invalid_argument& e) {
+            EXPECT_STREQ(e.what(), "Not a valid directory");
+        }
+    }
+}
+
+} // namespace

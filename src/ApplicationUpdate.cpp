@@ -18,7 +18,9 @@ ApplicationUpdate::ApplicationUpdate(unsigned int x, unsigned int y, unsigned in
 
 ApplicationUpdate::~ApplicationUpdate() = default;
 
-void ApplicationUpdate::setValue(bool available) { setVisible(available); }
+void ApplicationUpdate::setValue(bool available) {
+    setVisible(available);
+}
 
 void ApplicationUpdate::draw(_XuiWindow* canvas) {
     if (isVisible())

@@ -26,7 +26,9 @@ Ethernet::Ethernet(unsigned int x, unsigned int y, unsigned int width, unsigned 
 
 Ethernet::~Ethernet() = default;
 
-void Ethernet::setValue(bool connected) { status = connected; }
+void Ethernet::setValue(bool connected) {
+    status = connected;
+}
 
 void drawIcon(_XuiWindow* canvas) {
     if (status)

@@ -9,7 +9,8 @@ const char* const kFlightMode = "images/header/ZEVA_flight_mode.png";
 
 FlightMode::FlightMode(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
                        const std::string& directory)
-    : Widget(x, y, width, height), icon_(std::make_unique<ProxyImage>(directory + kFlightMode, x, y, width, height)) {
+    : Widget(x, y, width, height),
+      icon_(std::make_unique<ProxyImage>(directory + kFlightMode, x, y, width, height)) {
     setVisible(false);
 }
 

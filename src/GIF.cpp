@@ -22,7 +22,9 @@ void GIFImpl::visible(bool visible) {
         ui::Xui::ShowWindow(window_, visible, 0);
 }
 
-bool GIFImpl::isVisible() const { return visible_; }
+bool GIFImpl::isVisible() const {
+    return visible_;
+}
 
 namespace ui {
 
@@ -63,6 +65,8 @@ void GIF::visible(bool visible) {
         impl_->visible(visible);
 }
 
-bool GIF::isVisible() { return impl_ && impl_->isVisible(); }
+bool GIF::isVisible() {
+    return impl_ && impl_->isVisible();
+}
 
 } // namespace ui

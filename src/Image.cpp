@@ -36,7 +36,9 @@ BaseImage::BaseImage(BaseImage&& other)
     : Widget(other), image_(std::exchange(other.image_, nullptr)), filename_(std::move(other.filename_)),
       loader_(std::move(other.loader_)) {}
 
-BaseImage::~BaseImage() { release(); }
+BaseImage::~BaseImage() {
+    release();
+}
 
 void BaseImage::release() {
     if (image_)
@@ -70,9 +72,15 @@ BaseImage& BaseImage::operator=(BaseImage&& other) {
     return *this;
 }
 
-std::string BaseImage::getFilename() const { return filename_; }
-_XuiImg* BaseImage::getImage() const { return image_; }
-const BaseImage::Loader& BaseImage::getImageLoader() const { return loader_; }
+std::string BaseImage::getFilename() const {
+    return filename_;
+}
+_XuiImg* BaseImage::getImage() const {
+    return image_;
+}
+const BaseImage::Loader& BaseImage::getImageLoader() const {
+    return loader_;
+}
 
 void BaseImage::draw(_XuiWindow* canvas) {
     Xui::CanvasDrawImg(canvas, getX(), getY(), getWidth(), getHeight(), XUI_BG_NORMAL, image_);
@@ -89,8 +97,12 @@ Image::Image(const std::string& filename, unsigned int x, unsigned int y, unsign
 
 Image::~Image() = default;
 
-_XuiImg* Image::operator->() const { return getImage(); }
-_XuiImg* Image::operator*() const { return getImage(); }
+_XuiImg* Image::operator->() const {
+    return getImage();
+}
+_XuiImg* Image::operator*() const {
+    return getImage();
+}
 
 void Image::draw(_XuiWindow* canvas) {
     Xui::CanvasDrawImg(canvas, getX(), getY(), getWidth(), getHeight(), XUI_BG_NORMAL, getImage());
@@ -121,7 +133,9 @@ Directory::Directory(const std::string& path) : path_(path) {
         throw std::invalid_argument("Not a valid directory");
 }
 
-std::string Directory::getDirectory() const { return path_; }
+std::string Directory::getDirectory() const {
+    return path_;
+}
 
 } // namespace ui
 
@@ -136,4 +150,6 @@ std::shared_ptr<ui::Image> ImageResourceCache::getImage(const std::string& path)
     return image;
 }
 
-void ImageResourceCache::clearCache() { cache_.clear(); }
+void ImageResourceCache::clearCache() {
+    cache_.clear();
+}

@@ -21,7 +21,9 @@ OfflineTransactionStore::OfflineTransactionStore(unsigned int x, unsigned int y,
 
 OfflineTransactionStore::~OfflineTransactionStore() = default;
 
-void OfflineTransactionStore::setValue(int count) { count_ = count; }
+void OfflineTransactionStore::setValue(int count) {
+    count_ = count;
+}
 
 void OfflineTransactionStore::draw(_XuiWindow* canvas) {
     const bool shown = count_ != 0;

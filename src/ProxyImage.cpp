@@ -55,7 +55,11 @@ void ProxyImage::draw(_XuiWindow* canvas) {
         image_->draw(canvas);
 }
 
-Image* ProxyImage::operator->() const { return image_.get(); }
-Image& ProxyImage::operator*() const { return *image_; }
+Image* ProxyImage::operator->() const {
+    return image_.get();
+}
+Image& ProxyImage::operator*() const {
+    return *image_;
+}
 
 } // namespace ui

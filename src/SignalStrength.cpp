@@ -22,7 +22,9 @@ void SignalStrength::setSignal(unsigned int percent) {
     index_ = std::min(percent * count / 100, count - 1);
 }
 
-unsigned int SignalStrength::getSignal() const { return index_; }
+unsigned int SignalStrength::getSignal() const {
+    return index_;
+}
 
 void SignalStrength::draw(_XuiWindow* canvas) {
     if (isVisible())

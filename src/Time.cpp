@@ -1,7 +1,7 @@
 #include "ui/Header.hpp"
 
-#include <osal/date_time.hpp>
 #include "ui/Xui.hpp"
+#include <osal/date_time.hpp>
 
 #include <osal/resource.hpp>
 
@@ -21,7 +21,9 @@ std::string format(int n) {
     return text;
 }
 
-std::string getTimeAsString(int hours, int minutes) { return format(hours) + ":" + format(minutes); }
+std::string getTimeAsString(int hours, int minutes) {
+    return format(hours) + ":" + format(minutes);
+}
 
 namespace ui {
 

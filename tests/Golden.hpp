@@ -12,7 +12,9 @@
 
 namespace test {
 
-inline std::string goldenPath(const std::string& name) { return std::string(UI_GOLDEN_DIR) + "/" + name + ".png"; }
+inline std::string goldenPath(const std::string& name) {
+    return std::string(UI_GOLDEN_DIR) + "/" + name + ".png";
+}
 
 // Pixels may differ per channel by at most tolerance (0: exact).
 inline ::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& name,
@@ -30,8 +32,9 @@ inline ::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, 
     }
     if (golden.width != actual.width || golden.height != actual.height) {
         xui_host::savePng(actual, stem + "_actual.png");
-        return ::testing::AssertionFailure() << "size " << actual.width << "x" << actual.height << " differs from golden "
-                                             << golden.width << "x" << golden.height;
+        return ::testing::AssertionFailure()
+               << "size " << actual.width << "x" << actual.height << " differs from golden " << golden.width
+               << "x" << golden.height;
     }
     xui_host::Pixels diff = actual;
     unsigned differing = 0;

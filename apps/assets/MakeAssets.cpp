@@ -136,7 +136,8 @@ Icon battery(double fraction, uint32_t fillColour, bool charging) {
     if (fraction > 0)
         icon.fill(rect(5, 9.5, 5 + 11.5 * fraction, 14.5, 0.5), fillColour);
     if (charging) {
-        auto bolt = polygon({{12.5, 4}, {7.5, 12.8}, {11, 12.8}, {9.5, 20}, {15.5, 10.8}, {12, 10.8}, {13.5, 4}});
+        auto bolt =
+            polygon({{12.5, 4}, {7.5, 12.8}, {11, 12.8}, {9.5, 20}, {15.5, 10.8}, {12, 10.8}, {13.5, 4}});
         // An outline in the header colour keeps the bolt legible over the fill.
         icon.fill(
             [&](double x, double y) {
@@ -168,16 +169,32 @@ Icon ethernet(bool connected) {
             const double dx = x - 18.5, dy = y - 6;
             return std::abs(dy) < 0.35 || std::abs(std::hypot(dx * 2.2, dy) - 4.0) < 0.4;
         };
-        icon.fill([&](double x, double y) { return meridians(x, y) && circle(18.5, 6, 4.3)(x, y); }, 0xFFE8F5E9);
+        icon.fill([&](double x, double y) { return meridians(x, y) && circle(18.5, 6, 4.3)(x, y); },
+                  0xFFE8F5E9);
     }
     return icon;
 }
 
 Icon flightMode() {
     Icon icon(24, 24);
-    icon.fill(polygon({{12, 2},    {13.4, 3.5}, {13.4, 9},  {21, 13.5}, {21, 15.5}, {13.4, 13.2}, {13.4, 18},
-                       {16, 20},   {16, 21.5},  {12, 20.4}, {8, 21.5},  {8, 20},    {10.6, 18},   {10.6, 13.2},
-                       {3, 15.5},  {3, 13.5},   {10.6, 9},  {10.6, 3.5}}),
+    icon.fill(polygon({{12, 2},
+                       {13.4, 3.5},
+                       {13.4, 9},
+                       {21, 13.5},
+                       {21, 15.5},
+                       {13.4, 13.2},
+                       {13.4, 18},
+                       {16, 20},
+                       {16, 21.5},
+                       {12, 20.4},
+                       {8, 21.5},
+                       {8, 20},
+                       {10.6, 18},
+                       {10.6, 13.2},
+                       {3, 15.5},
+                       {3, 13.5},
+                       {10.6, 9},
+                       {10.6, 3.5}}),
               kWhite);
     return icon;
 }
@@ -296,8 +313,8 @@ bool saveGif(const std::vector<Icon>& frames, unsigned w, unsigned h, const std:
     // NETSCAPE2.0 loop extension: repeat for ever.
     const GifByteType loop[] = {1, 0, 0};
     ok = ok && EGifPutExtensionLeader(gif, APPLICATION_EXT_FUNC_CODE) == GIF_OK &&
-         EGifPutExtensionBlock(gif, 11, "NETSCAPE2.0") == GIF_OK && EGifPutExtensionBlock(gif, 3, loop) == GIF_OK &&
-         EGifPutExtensionTrailer(gif) == GIF_OK;
+         EGifPutExtensionBlock(gif, 11, "NETSCAPE2.0") == GIF_OK &&
+         EGifPutExtensionBlock(gif, 3, loop) == GIF_OK && EGifPutExtensionTrailer(gif) == GIF_OK;
     for (size_t f = 0; ok && f < frames.size(); ++f) {
         GraphicsControlBlock gcb{DISPOSAL_UNSPECIFIED, false, f + 1 == frames.size() ? delayCs * 4 : delayCs,
                                  NO_TRANSPARENT_COLOR};

@@ -57,9 +57,10 @@ class Image : public BaseImage {
 public:
     explicit Image(const std::string& filename);
     // The width and height are ignored: an image is always the size of its picture.
-    Image(const std::string& filename, unsigned int x, unsigned int y, unsigned int width, unsigned int height);
-    Image(const std::string& filename, unsigned int x, unsigned int y, unsigned int width, unsigned int height,
-          Loader loader);
+    Image(const std::string& filename, unsigned int x, unsigned int y, unsigned int width,
+          unsigned int height);
+    Image(const std::string& filename, unsigned int x, unsigned int y, unsigned int width,
+          unsigned int height, Loader loader);
     Image(const Image& other) = default;
     Image(Image&& other) = default;
     ~Image() override;
@@ -101,7 +102,8 @@ class ProxyImage : public Widget {
 public:
     ProxyImage();
     // Throws what the loader throws for a missing or undecodable file.
-    ProxyImage(const std::string& path, unsigned int x, unsigned int y, unsigned int width, unsigned int height);
+    ProxyImage(const std::string& path, unsigned int x, unsigned int y, unsigned int width,
+               unsigned int height);
     ~ProxyImage() override;
 
     // On failure the previous picture stays and the loader's error propagates.

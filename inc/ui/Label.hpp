@@ -12,6 +12,9 @@
 // every line takes at least one character. A "\n" is an ordinary character here.
 std::vector<std::string> WrapText(const std::string& text, unsigned int width);
 
+// Identifies a localized string (see Localization::getLocalizedString).
+using StringId = int;
+
 namespace ui {
 
 // A multi-line text widget. setText wraps at the label's width at that moment (a later
@@ -57,6 +60,44 @@ private:
     utils::Origin alignment_ = utils::Left;
     bool verticalAlignment_ = true;
     unsigned int fontSize_;
+};
+
+// A block of text with one single-line label per line, so that lines can be placed on their
+// own. wrapText breaks greedily within the box width and within the height budget (text past
+// it is dropped; a box lower than a line gets nothing), then places the block at the top,
+// centre or bottom of the box. The text is not kept: after setWidth or setHeight the block is
+// empty until wrapText is called again. A second wrapText adds its lines to the first's.
+class WrappableLabel : public Widget {
+public:
+    // Centred both ways.
+    WrappableLabel(unsigned int width, unsigned int height);
+    WrappableLabel(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
+                   utils::Origin horizontal, utils::Origin vertical);
+    ~WrappableLabel() override;
+
+    void wrapText(const std::string& text);
+    // Throws LocalizationException for an unknown identifier.
+    void wrapText(StringId id);
+    // Takes effect at the next wrapText.
+    void setVerticalAlignment(utils::Origin vertical);
+
+    // Move every line by the same amount.
+    void setX(unsigned int x) override;
+    void setY(unsigned int y) override;
+    // Drop the lines (see above).
+    void setWidth(unsigned int width) override;
+    void setHeight(unsigned int height) override;
+
+    void draw(_XuiWindow* canvas) override;
+
+private:
+    void makeLine(const std::string& line, unsigned int y);
+
+    utils::Origin horizontal_;
+    utils::Origin vertical_;
+    std::string text_;
+    unsigned int lineHeight_;
+    std::vector<Label> labels_;
 };
 
 } // namespace ui

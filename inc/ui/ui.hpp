@@ -8,6 +8,8 @@
 #include "ui/Image.hpp"
 #include "ui/KeyBoard.hpp"
 #include "ui/Label.hpp"
+#include "ui/Menu.hpp"
+#include "ui/ProgressBar.hpp"
 #include "ui/UserInterface.hpp"
 #include "ui/Widget.hpp"
 #include "ui/Window.hpp"

@@ -87,9 +87,7 @@ TEST_F(GIFTest, MovingTransfersTheRunningAnimation) {
     target = std::move(moved);
     EXPECT_EQ(xui_host::trace("DestroyWindow").size(), 1u); // the target's previous window
     xui_host::clearTrace();
-    {
-        ui::GIF last(std::move(target));
-    }
+    { ui::GIF last(std::move(target)); }
     auto t = xui_host::trace(); // shown as the source was, then hidden, then destroyed
     ASSERT_EQ(t.size(), 3u);
     EXPECT_EQ(t[0].function, "ShowWindow");

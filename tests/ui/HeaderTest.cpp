@@ -55,7 +55,9 @@ TEST_F(HeaderTest, Battery_ShowsTheIndexedIcon_IgnoringValuesAboveSix) {
         battery.draw(canvas);
         return xui_host::canvas(canvas);
     };
-    auto file = [](const std::string& name) { return xui_host::loadPng(kRes + "images/header/battery/" + name).argb; };
+    auto file = [](const std::string& name) {
+        return xui_host::loadPng(kRes + "images/header/battery/" + name).argb;
+    };
     EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_1.png"));
     battery.setValue(3);
     EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_4.png"));
@@ -170,7 +172,8 @@ public:
         update->setValue(true);
         std::vector<ui::Image> bars;
         for (int i = 0; i < 5; ++i)
-            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0, 0);
+            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0,
+                              0);
         auto signal = std::make_shared<ui::SignalStrength>(ui::geom::rectangle{198, 4, 24, 24}, bars);
         signal->setSignal(80);
         auto ethernet = std::make_shared<ui::Ethernet>(224, 4, 24, 24, kRes);
@@ -179,7 +182,8 @@ public:
         flight->setVisible(true);
         auto battery = std::make_shared<ui::Battery>(276, 4, 24, 24, kRes);
         battery->setValue(3);
-        widgets = {std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
+        widgets = {
+            std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
     }
     void draw(_XuiWindow* canvas) override { drawWidgets(canvas); }
     void handleKeyPress(const device::input::Key&) override {}
@@ -191,7 +195,8 @@ public:
 
 TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
     if (batteriesBuilt)
-        GTEST_SKIP() << "batteries keep the first one's pictures for the whole process; CTest runs this alone";
+        GTEST_SKIP()
+            << "batteries keep the first one's pictures for the whole process; CTest runs this alone";
     XuiClose();
     osal::host::pinClock(k0905on7March2025);
     {

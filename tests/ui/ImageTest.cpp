@@ -62,7 +62,8 @@ TEST_F(ImageTest, Draw_BlitsAtItsBoxEvenWhenHidden) {
     xui_host::clearTrace();
     image.draw(ui::Xui::RootCanvas());
     ASSERT_EQ(calls("CanvasDrawImg").size(), 1u);
-    EXPECT_EQ(calls("CanvasDrawImg")[0], "CanvasDrawImg(root, 5, 6, 32, 16, 0, " + xui_host::nameOf(*image) + ")");
+    EXPECT_EQ(calls("CanvasDrawImg")[0],
+              "CanvasDrawImg(root, 5, 6, 32, 16, 0, " + xui_host::nameOf(*image) + ")");
 }
 
 TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {

@@ -20,8 +20,9 @@ struct Screen {
     static std::vector<ui::ListItem> items(int count) {
         std::vector<ui::ListItem> out;
         for (int i = 0; i < count; ++i)
-            out.emplace_back(0, 0, 312, 0,
-                             ui::menu::MenuItem(i, "Transaction " + std::to_string(i) + " - card sale", i % 7 == 3));
+            out.emplace_back(
+                0, 0, 312, 0,
+                ui::menu::MenuItem(i, "Transaction " + std::to_string(i) + " - card sale", i % 7 == 3));
         return out;
     }
 

@@ -9,7 +9,9 @@ namespace detail {
 using iterator = SelectionMenu::iterator;
 
 // Circular steps through the items.
-static iterator next(iterator it, std::vector<ListItem>& items) { return ++it == items.end() ? items.begin() : it; }
+static iterator next(iterator it, std::vector<ListItem>& items) {
+    return ++it == items.end() ? items.begin() : it;
+}
 static iterator previous(iterator it, std::vector<ListItem>& items) {
     return it == items.begin() ? items.end() - 1 : it - 1;
 }
@@ -19,7 +21,9 @@ void SelectionMenu::highLightSelectedItem(iterator item, iterator end, bool focu
         item->setFocus(focus);
 }
 
-unsigned int DetermineDisplayableItems(unsigned int height, unsigned int itemHeight) { return height / itemHeight; }
+unsigned int DetermineDisplayableItems(unsigned int height, unsigned int itemHeight) {
+    return height / itemHeight;
+}
 
 void scrollUp(SelectionMenu* menu, std::vector<ListItem>& items) {
     menu->top = next(menu->top, items);
@@ -50,7 +54,8 @@ void ListBox::setListItems(const std::vector<ListItem>& items) {
     s.width = getWidth();
     s.height = getHeight();
     const unsigned fontSize = fonts::getFontSize();
-    const unsigned rows = detail::DetermineDisplayableItems(s.height, fontSize + detail::SelectionMenu::PADDING);
+    const unsigned rows =
+        detail::DetermineDisplayableItems(s.height, fontSize + detail::SelectionMenu::PADDING);
     s.count = std::min(static_cast<unsigned>(items_.size()), rows);
     s.top = s.selected = items_.begin();
     // With no row at all the window is empty; keep bottom valid rather than before the first.
@@ -64,7 +69,9 @@ void ListBox::setListItems(const std::vector<ListItem>& items) {
     }
 }
 
-void ListBox::setWidth(unsigned int width) { Widget::setWidth(width); }
+void ListBox::setWidth(unsigned int width) {
+    Widget::setWidth(width);
+}
 
 void ListBox::setHeight(unsigned int height) {
     std::lock_guard<std::mutex> lock(mutex_);

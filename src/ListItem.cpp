@@ -33,18 +33,30 @@ void ListItem::setHeight(unsigned int height) {
     label_.setHeight(height);
 }
 
-bool ListItem::hasFocus() const { return focus_; }
-void ListItem::setFocus(bool focus) { focus_ = focus; }
-void ListItem::setAlignment(const utils::Origin& alignment) { label_.setAlignment(alignment); }
-bool ListItem::isDisabled() const { return item_.isDisabled(); }
-menu::MenuItem ListItem::getMenuItem() const { return item_; }
+bool ListItem::hasFocus() const {
+    return focus_;
+}
+void ListItem::setFocus(bool focus) {
+    focus_ = focus;
+}
+void ListItem::setAlignment(const utils::Origin& alignment) {
+    label_.setAlignment(alignment);
+}
+bool ListItem::isDisabled() const {
+    return item_.isDisabled();
+}
+menu::MenuItem ListItem::getMenuItem() const {
+    return item_;
+}
 
 void ListItem::setMenuItem(const menu::MenuItem& item) {
     item_ = item;
     label_.setText(item_.getText());
 }
 
-void ListItem::showDecorated() { label_.setText(prefix_ + item_.getText() + suffix_); }
+void ListItem::showDecorated() {
+    label_.setText(prefix_ + item_.getText() + suffix_);
+}
 
 void ListItem::prefix(const std::string& text) {
     prefix_ = text;
@@ -70,7 +82,8 @@ void ListItem::draw(_XuiWindow* window) {
     } else if (focus_) {
         label_.setColor(ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND));
         Xui::CanvasDrawRect(window, getX(), getY(), getWidth(), getHeight(),
-                            fonts::intToXuiColor(ResourceMapping::getResourceColor(resource::BRAND_ACCENT)), 1, 1);
+                            fonts::intToXuiColor(ResourceMapping::getResourceColor(resource::BRAND_ACCENT)),
+                            1, 1);
     } else {
         label_.setColor(ResourceMapping::getResourceColor(resource::BRAND_TEXT));
     }

@@ -9,7 +9,9 @@
 namespace ui {
 
 namespace {
-unsigned colour(resource::BrandingColorId id) { return resource::ResourceMapping::getResourceColor(id); }
+unsigned colour(resource::BrandingColorId id) {
+    return resource::ResourceMapping::getResourceColor(id);
+}
 } // namespace
 
 ProgressBar::ProgressBar(unsigned int width, unsigned int height)
@@ -33,7 +35,9 @@ ProgressBar::ProgressBar(unsigned int x, unsigned int y, unsigned int width, uns
     fullWidth_ = width - 6 * d;
 }
 
-void ProgressBar::setProgress(unsigned int percent) { barWidth_ = std::min(percent, 100u) * fullWidth_ / 100; }
+void ProgressBar::setProgress(unsigned int percent) {
+    barWidth_ = std::min(percent, 100u) * fullWidth_ / 100;
+}
 
 void ProgressBar::setX(unsigned int x) {
     Widget::setX(x);
@@ -68,9 +72,10 @@ void ProgressBar::setHeight(unsigned int height) {
 void ProgressBar::draw(_XuiWindow* canvas) {
     if (!isVisible())
         return;
-    Xui::CanvasDrawRect(canvas, getX(), getY(), getWidth(), getHeight(), fonts::intToXuiColor(frameColour_), 0, 1);
-    Xui::CanvasDrawRect(canvas, innerX_, innerY_, innerWidth_, innerHeight_, fonts::intToXuiColor(backgroundColour_),
+    Xui::CanvasDrawRect(canvas, getX(), getY(), getWidth(), getHeight(), fonts::intToXuiColor(frameColour_),
                         0, 1);
+    Xui::CanvasDrawRect(canvas, innerX_, innerY_, innerWidth_, innerHeight_,
+                        fonts::intToXuiColor(backgroundColour_), 0, 1);
     const unsigned fill = barWidth_ == fullWidth_ ? fullColour_ : barColour_;
     Xui::CanvasDrawRect(canvas, barX_, barY_, barWidth_, barHeight_, fonts::intToXuiColor(fill), 0, 1);
 }

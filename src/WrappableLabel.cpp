@@ -11,7 +11,8 @@ WrappableLabel::WrappableLabel(unsigned int width, unsigned int height)
 
 WrappableLabel::WrappableLabel(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
                                utils::Origin horizontal, utils::Origin vertical)
-    : Widget(x, y, width, height), horizontal_(horizontal), vertical_(vertical), lineHeight_(fonts::getFontSize()) {}
+    : Widget(x, y, width, height), horizontal_(horizontal), vertical_(vertical),
+      lineHeight_(fonts::getFontSize()) {}
 
 WrappableLabel::~WrappableLabel() = default;
 
@@ -22,7 +23,9 @@ void WrappableLabel::makeLine(const std::string& line, unsigned int y) {
     labels_.push_back(label);
 }
 
-void WrappableLabel::wrapText(StringId id) { wrapText(Localization::getLocalizedString(id)); }
+void WrappableLabel::wrapText(StringId id) {
+    wrapText(Localization::getLocalizedString(id));
+}
 
 void WrappableLabel::wrapText(const std::string& text) {
     std::vector<std::string> words = splitOnDelimeters(text, " ");
@@ -103,7 +106,9 @@ void WrappableLabel::wrapText(const std::string& text) {
     }
 }
 
-void WrappableLabel::setVerticalAlignment(utils::Origin vertical) { vertical_ = vertical; }
+void WrappableLabel::setVerticalAlignment(utils::Origin vertical) {
+    vertical_ = vertical;
+}
 
 void WrappableLabel::setX(unsigned int x) {
     const unsigned delta = x - getX();

@@ -256,7 +256,7 @@ std::vector<Icon> presentCard() {
     const int count = 12;
     for (int f = 0; f < count; ++f) {
         Icon frame(120, 90);
-        frame.fill(rect(0, 0, 120, 90), 0xFFFFFFFF);
+        frame.fill(rect(0, 0, 120, 90), 0xFF0F1C2E); // the default main background
         // the reader's contactless mark, three arcs
         const int litArcs = f < 6 ? 0 : std::min(3, f - 5);
         for (int a = 0; a < 3; ++a) {
@@ -265,7 +265,7 @@ std::vector<Icon> presentCard() {
                 const double dx = x - 78, dy = y - 45;
                 return dx > std::abs(dy) * 0.9 && std::abs(std::hypot(dx, dy) - r) < 2.2;
             };
-            frame.fill(arc, a < litArcs ? 0xFF0B4F8C : 0xFFB0BEC5);
+            frame.fill(arc, a < litArcs ? 0xFF4FC3F7 : 0xFF455A64);
         }
         // the card, moving right and tilting into the field
         const double t = std::min(1.0, f / 6.0);

@@ -82,7 +82,8 @@ public:
 // once.
 class ListItem : public Widget, public ISelectable {
 public:
-    ListItem(unsigned int x, unsigned int y, unsigned int width, unsigned int height, const menu::MenuItem& item);
+    ListItem(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
+             const menu::MenuItem& item);
 
     void setX(unsigned int x) override;
     void setY(unsigned int y) override;

@@ -13,8 +13,9 @@ class ProgressBar : public Widget {
 public:
     // Branding colours: frame, background, fill, and the fill at 100 %.
     ProgressBar(unsigned int width, unsigned int height);
-    ProgressBar(unsigned int x, unsigned int y, unsigned int width, unsigned int height, unsigned int frameColour,
-                unsigned int backgroundColour, unsigned int barColour, unsigned int fullColour);
+    ProgressBar(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
+                unsigned int frameColour, unsigned int backgroundColour, unsigned int barColour,
+                unsigned int fullColour);
 
     // Above 100 counts as 100.
     void setProgress(unsigned int percent);

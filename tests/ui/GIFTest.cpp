@@ -30,7 +30,8 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
     ASSERT_EQ(created.size(), 1u);
     EXPECT_EQ(created[0].str(), "CreateGif(root, 10, 20, 120, 90, \"res/images/demo/present_card.gif\")");
     xui_host::pinAnimationTime(std::chrono::milliseconds(0));
-    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu); // the animation's white background
+    const uint32_t backdrop = 0xFF0F1C2Eu; // the animation's own background
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 
     gif.setVisible(false); // only the widget's flag
     gif.draw(nullptr);
@@ -40,11 +41,11 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
     EXPECT_FALSE(gif.isVisible());
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFF000000u); // the root's background shows again
     gif.visible(true);
-    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu);
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 
     gif.setX(200); // the window stays where it was made
     EXPECT_EQ(gif.getX(), 200u);
-    EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFFFFFFFFu);
+    EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 }
 
 TEST_F(GIFTest, FramesFollowTheAnimationClock) {

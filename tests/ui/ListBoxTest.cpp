@@ -151,11 +151,12 @@ TEST_F(ListBoxTest, ScrollHelpersMoveTheWindowCircularly) {
 
 TEST_F(ListBoxTest, MidScrollWithADisabledItem_MatchesTheReviewedPicture) {
     std::vector<ui::ListItem> items;
-    const char* names[] = {"Sale", "Refund", "Void", "Pre-authorisation", "Reports", "End of day", "Settings"};
+    const char* names[] = {"Sale",    "Refund",     "Void",    "Pre-authorisation",
+                           "Reports", "End of day", "Settings"};
     for (int i = 0; i < 7; ++i)
         items.emplace_back(0, 0, 220, 0, MenuItem(i, names[i], i == 2));
     ui::ListBox list(10, 8, 220, 125, items); // five rows
-    for (int i = 0; i < 4; ++i) // past the disabled "Void" to "End of day", one row scrolled
+    for (int i = 0; i < 4; ++i)               // past the disabled "Void" to "End of day", one row scrolled
         list.down();
     XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 240, 140);
     XuiCanvasSetBackground(canvas, XUI_BG_NORMAL, nullptr,

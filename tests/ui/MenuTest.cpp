@@ -42,7 +42,7 @@ protected:
         std::vector<std::string> out;
         for (const auto& c : xui_host::trace())
             out.push_back(c.function == "CanvasDrawText" ? "text " + c.args[6] + " " + c.args[7]
-                                                          : "rect " + c.args[5] + " r" + c.args[6]);
+                                                         : "rect " + c.args[5] + " r" + c.args[6]);
         return out;
     }
 };

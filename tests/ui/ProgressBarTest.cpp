@@ -24,7 +24,8 @@ protected:
 
 TEST_F(ProgressBarTest, Geometry_InsetsAreAHundredthOfTheWidth) {
     ui::ProgressBar bar(10, 20, 200, 20, kFrame, kBack, kFill, kFull);
-    EXPECT_EQ(rects(bar), (Rects{"10,20 200x20 0xff111111", "12,22 196x16 0xff222222", "16,26 0x8 0xff333333"}));
+    EXPECT_EQ(rects(bar),
+              (Rects{"10,20 200x20 0xff111111", "12,22 196x16 0xff222222", "16,26 0x8 0xff333333"}));
     bar.setProgress(50);
     EXPECT_EQ(rects(bar)[2], "16,26 94x8 0xff333333");
     bar.setProgress(100);
@@ -41,7 +42,8 @@ TEST_F(ProgressBarTest, Resizing_KeepsTheFilledFraction) {
     bar.setWidth(400);
     EXPECT_EQ(rects(bar), (Rects{"0,0 400x20 0xff111111", "4,2 392x16 0xff222222", "12,6 188x8 0xff333333"}));
     bar.setHeight(40); // the vertical insets follow the new width now
-    EXPECT_EQ(rects(bar), (Rects{"0,0 400x40 0xff111111", "4,4 392x32 0xff222222", "12,12 188x16 0xff333333"}));
+    EXPECT_EQ(rects(bar),
+              (Rects{"0,0 400x40 0xff111111", "4,4 392x32 0xff222222", "12,12 188x16 0xff333333"}));
     bar.setX(5);
     bar.setY(6);
     EXPECT_EQ(rects(bar)[2], "17,18 188x16 0xff333333");

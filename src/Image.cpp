@@ -40,6 +40,13 @@ BaseImage::~BaseImage() {
     release();
 }
 
+void BaseImage::copyBox(const BaseImage& other) {
+    Widget::setX(other.Widget::getX());
+    Widget::setY(other.Widget::getY());
+    Widget::setWidth(other.Widget::getWidth());
+    Widget::setHeight(other.Widget::getHeight());
+}
+
 void BaseImage::release() {
     if (image_)
         Xui::ImgFree(image_);
@@ -50,10 +57,7 @@ BaseImage& BaseImage::operator=(const BaseImage& other) {
     if (this == &other)
         return *this;
     release();
-    Widget::setX(other.Widget::getX());
-    Widget::setY(other.Widget::getY());
-    Widget::setWidth(other.Widget::getWidth());
-    Widget::setHeight(other.Widget::getHeight());
+    copyBox(other);
     filename_ = other.filename_;
     image_ = loader_(filename_.c_str());
     return *this;
@@ -63,10 +67,7 @@ BaseImage& BaseImage::operator=(BaseImage&& other) {
     if (this == &other)
         return *this;
     release();
-    Widget::setX(other.Widget::getX());
-    Widget::setY(other.Widget::getY());
-    Widget::setWidth(other.Widget::getWidth());
-    Widget::setHeight(other.Widget::getHeight());
+    copyBox(other);
     image_ = std::exchange(other.image_, nullptr);
     std::swap(filename_, other.filename_);
     return *this;

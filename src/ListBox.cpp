@@ -87,42 +87,32 @@ bool ListBox::scrollable() const {
 void ListBox::up() {
     std::lock_guard<std::mutex> lock(mutex_);
     if (scrollable())
-        stepUp();
+        step(false);
 }
 
 void ListBox::down() {
     std::lock_guard<std::mutex> lock(mutex_);
     if (scrollable())
-        stepDown();
+        step(true);
 }
 
-void ListBox::stepUp() {
+void ListBox::step(bool forward) {
     detail::SelectionMenu& s = *selection_;
+    auto advance = [&](detail::SelectionMenu::iterator it) {
+        return forward ? detail::next(it, items_) : detail::previous(it, items_);
+    };
+    // Leaving the window by its leading edge drags the window along by one row.
+    auto& leading = forward ? s.bottom : s.top;
+    auto& trailing = forward ? s.top : s.bottom;
     s.selected->setFocus(false);
     const auto old = s.selected;
-    s.selected = detail::previous(s.selected, items_);
-    if (old == s.top) {
-        s.top = s.selected;
-        s.bottom = detail::previous(s.bottom, items_);
+    s.selected = advance(s.selected);
+    if (old == leading) {
+        leading = s.selected;
+        trailing = advance(trailing);
     }
     if (s.selected->isDisabled()) {
-        stepUp();
-        return;
-    }
-    s.selected->setFocus(true);
-}
-
-void ListBox::stepDown() {
-    detail::SelectionMenu& s = *selection_;
-    s.selected->setFocus(false);
-    const auto old = s.selected;
-    s.selected = detail::next(s.selected, items_);
-    if (old == s.bottom) {
-        s.bottom = s.selected;
-        s.top = detail::next(s.top, items_);
-    }
-    if (s.selected->isDisabled()) {
-        stepDown();
+        step(forward);
         return;
     }
     s.selected->setFocus(true);

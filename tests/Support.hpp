@@ -6,6 +6,7 @@
 #include <xui_host.hpp>
 
 #include "ui/IGraphics.hpp"
+#include "ui/Image.hpp"
 #include "ui/Widget.hpp"
 
 #include <gtest/gtest.h>
@@ -73,6 +74,19 @@ protected:
     bool openDisplay = true;
     std::mutex logMutex;
     std::vector<std::string> logLines;
+};
+
+// For tests of pictures: the process-wide image cache starts and ends empty.
+class ImageCacheTest : public PlatformTest {
+protected:
+    void SetUp() override {
+        PlatformTest::SetUp();
+        ImageResourceCache::clearCache();
+    }
+    void TearDown() override {
+        ImageResourceCache::clearCache();
+        PlatformTest::TearDown();
+    }
 };
 
 // A screen that records what happens to it. Hooks run on the thread that draws or reads keys.

@@ -77,10 +77,10 @@ public:
         caption_.setColor(resource::ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND));
     }
     void draw(_XuiWindow* canvas) override {
-        ui::Xui::CanvasDrawRect(canvas, getX(), getY(), getWidth(), getHeight(),
-                                ui::fonts::intToXuiColor(
-                                    resource::ResourceMapping::getResourceColor(resource::BRAND_ACCENT)),
-                                0, 1);
+        ui::Xui::CanvasDrawRect(
+            canvas, getX(), getY(), getWidth(), getHeight(),
+            ui::fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_ACCENT)), 0,
+            1);
         caption_.draw(canvas);
     }
 
@@ -96,12 +96,14 @@ public:
         update = std::make_shared<ui::ApplicationUpdate>(172, 4, 24, 24, kRes);
         std::vector<ui::Image> bars;
         for (int i = 0; i < 5; ++i)
-            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0, 0);
+            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0,
+                              0);
         signal = std::make_shared<ui::SignalStrength>(ui::geom::rectangle{198, 4, 24, 24}, bars);
         ethernet = std::make_shared<ui::Ethernet>(224, 4, 24, 24, kRes);
         flight = std::make_shared<ui::FlightMode>(250, 4, 24, 24, kRes);
         battery = std::make_shared<ui::Battery>(276, 4, 24, 24, kRes);
-        widgets = {std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
+        widgets = {
+            std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
     }
     void draw(_XuiWindow* canvas) override { drawWidgets(canvas); }
     void handleKeyPress(const Key&) override {}
@@ -140,7 +142,8 @@ DemoApp::DemoApp() : ui_(GraphicsDeviceParams{0, 32}) {
     prompt->wrapText(text(7, "Present card"));
     idle_->add(prompt);
     idle_->add(label(0, h - 22, w, 20, "ENTER: menu", ui::utils::Centre, 14));
-    auto animation = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (w - 120) / 2, 52, 120, 90);
+    auto animation =
+        std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (w - 120) / 2, 52, 120, 90);
     idle_->add(animation);
     idle_->whenShown = [animation] { animation->visible(true); };
     idle_->whenHidden = [animation] { animation->visible(false); };
@@ -160,8 +163,10 @@ DemoApp::DemoApp() : ui_(GraphicsDeviceParams{0, 32}) {
         int id;
         const char* fallback;
         bool disabled;
-    } entries[] = {{2, "Sale", false},    {3, "Refund", false},     {15, "Void", true},     {16, "Pre-authorisation", false},
-                   {4, "Reports", false}, {17, "End of day", false}, {5, "Settings", false}};
+    } entries[] = {{2, "Sale", false},    {3, "Refund", false},
+                   {15, "Void", true},    {16, "Pre-authorisation", false},
+                   {4, "Reports", false}, {17, "End of day", false},
+                   {5, "Settings", false}};
     for (const auto& e : entries) {
         ui::menu::MenuItem item(e.id, text(e.id, e.fallback), e.disabled);
         if (e.id == 2)
@@ -172,13 +177,20 @@ DemoApp::DemoApp() : ui_(GraphicsDeviceParams{0, 32}) {
     menu_->add(list);
     menu_->onKey = [this, list](Key key) {
         switch (key) {
-        case device::input::KEY_UP: list->up(); break;
-        case device::input::KEY_DOWN: list->down(); break;
+        case device::input::KEY_UP:
+            list->up();
+            break;
+        case device::input::KEY_DOWN:
+            list->down();
+            break;
         case device::input::KEY_ENTER:
             std::static_pointer_cast<ui::ListItem>(list->getSelectedElement())->getMenuItem().invokeAction();
             return;
-        case device::input::KEY_CANCEL: showIdle(); return;
-        default: return;
+        case device::input::KEY_CANCEL:
+            showIdle();
+            return;
+        default:
+            return;
         }
         graphics_->update();
     };
@@ -236,11 +248,19 @@ void DemoApp::show(const std::shared_ptr<Screen>& screen) {
     graphics_->update();
 }
 
-void DemoApp::showIdle() { show(idle_); }
-void DemoApp::showMenu() { show(menu_); }
-void DemoApp::showLabels() { show(labels_); }
+void DemoApp::showIdle() {
+    show(idle_);
+}
+void DemoApp::showMenu() {
+    show(menu_);
+}
+void DemoApp::showLabels() {
+    show(labels_);
+}
 
-void DemoApp::refreshHeader() { graphics_->updateHeader(); }
+void DemoApp::refreshHeader() {
+    graphics_->updateHeader();
+}
 
 void DemoApp::startSale() {
     // The key handler must return promptly: printing runs on a thread of the application.

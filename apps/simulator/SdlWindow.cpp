@@ -22,21 +22,34 @@ int keypadCode(SDL_Keycode key) {
     if (key >= SDLK_KP_1 && key <= SDLK_KP_9)
         return '1' + (key - SDLK_KP_1);
     switch (key) {
-    case SDLK_KP_0: return '0';
+    case SDLK_KP_0:
+        return '0';
     case SDLK_RETURN:
-    case SDLK_KP_ENTER: return XUI_KEY_ENTER;
-    case SDLK_ESCAPE: return XUI_KEY_CANCEL;
-    case SDLK_BACKSPACE: return XUI_KEY_CLEAR;
-    case SDLK_UP: return XUI_KEY_UP;
-    case SDLK_DOWN: return XUI_KEY_DOWN;
-    case SDLK_F1: return XUI_KEY_F1;
-    case SDLK_F2: return XUI_KEY_F1 + 1;
-    case SDLK_F3: return XUI_KEY_F1 + 2;
-    case SDLK_F4: return XUI_KEY_F1 + 3;
+    case SDLK_KP_ENTER:
+        return XUI_KEY_ENTER;
+    case SDLK_ESCAPE:
+        return XUI_KEY_CANCEL;
+    case SDLK_BACKSPACE:
+        return XUI_KEY_CLEAR;
+    case SDLK_UP:
+        return XUI_KEY_UP;
+    case SDLK_DOWN:
+        return XUI_KEY_DOWN;
+    case SDLK_F1:
+        return XUI_KEY_F1;
+    case SDLK_F2:
+        return XUI_KEY_F1 + 1;
+    case SDLK_F3:
+        return XUI_KEY_F1 + 2;
+    case SDLK_F4:
+        return XUI_KEY_F1 + 3;
     case SDLK_ASTERISK:
-    case SDLK_KP_MULTIPLY: return XUI_KEY_STAR;
-    case SDLK_HASH: return XUI_KEY_HASH;
-    default: return XUI_KEY_NONE;
+    case SDLK_KP_MULTIPLY:
+        return XUI_KEY_STAR;
+    case SDLK_HASH:
+        return XUI_KEY_HASH;
+    default:
+        return XUI_KEY_NONE;
     }
 }
 
@@ -78,10 +91,10 @@ int runWindow(unsigned scale) {
             SDL_CreateWindow("Payment terminal simulator", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
                              int(first.width * scale), int(first.height * scale), 0);
         SDL_Renderer* renderer = window ? SDL_CreateRenderer(window, -1, 0) : nullptr;
-        SDL_Texture* texture = renderer ? SDL_CreateTexture(renderer, SDL_PIXELFORMAT_ARGB8888,
-                                                            SDL_TEXTUREACCESS_STREAMING, int(first.width),
-                                                            int(first.height))
-                                        : nullptr;
+        SDL_Texture* texture =
+            renderer ? SDL_CreateTexture(renderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING,
+                                         int(first.width), int(first.height))
+                     : nullptr;
         if (!texture) {
             std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
             result = 1;

@@ -47,6 +47,8 @@ public:
 
 private:
     void release();
+    // The widget's own fields, not through the virtual setters.
+    void copyBox(const BaseImage& other);
 
     _XuiImg* image_ = nullptr;
     std::string filename_;

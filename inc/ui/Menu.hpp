@@ -177,8 +177,8 @@ public:
 
 private:
     bool scrollable() const;
-    void stepUp();
-    void stepDown();
+    // One step of the selection, skipping disabled items; up() is backwards.
+    void step(bool forward);
 
     mutable std::mutex mutex_;
     std::vector<ListItem> items_;

@@ -62,13 +62,6 @@ TEST_F(Osal, Localization_DefaultTableComesFromResources) {
     EXPECT_NO_THROW(Localization::getLocalizedString(1));
 }
 
-TEST_F(Osal, Currency_IsSettable_AndCanBeUnavailable) {
-    osal::host::setCurrency({"EUR", ",", 2});
-    EXPECT_EQ(Localization::getDefaultCurrency().symbol, "EUR");
-    osal::host::setCurrencyUnavailable(true);
-    EXPECT_THROW(Localization::getDefaultCurrency(), LocalizationException);
-}
-
 TEST_F(Osal, Keys_ConvertFromSystemCodes) {
     using namespace device::input;
     EXPECT_EQ(getKeyFromSystemKey('1'), KEY_1);
@@ -131,26 +124,6 @@ TEST_F(Osal, VirtualTime_DrivesTimersAndSleep) {
     EXPECT_EQ(timer.elapsed(), 750);
     timer.restart();
     EXPECT_EQ(timer.elapsed(), 0);
-}
-
-TEST_F(Osal, Beeps_AreRecordedOnTheTimeline) {
-    osal::host::useVirtualTime(true);
-    device::beep(1500, 100);
-    osal::host::advanceTime(std::chrono::milliseconds(300));
-    device::beep(750, 200);
-    auto beeps = osal::host::beeps();
-    ASSERT_EQ(beeps.size(), 2u);
-    EXPECT_EQ(beeps[0].frequencyHz, 1500u);
-    EXPECT_EQ(beeps[1].durationMs, 200u);
-    EXPECT_EQ(beeps[1].atMs - beeps[0].atMs, 300);
-}
-
-TEST_F(Osal, Clock_CanBePinned) {
-    osal::host::pinClock(1741338300); // 2025-03-07 09:05 local
-    const auto t = date_time::ptime_from_epoch(date_time::getLocalTime().get());
-    EXPECT_EQ(t.date().day(), 7);
-    EXPECT_EQ(t.time_of_day().hours(), 9);
-    EXPECT_EQ(t.time_of_day().minutes(), 5);
 }
 
 } // namespace

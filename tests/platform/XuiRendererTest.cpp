@@ -267,29 +267,4 @@ TEST_F(XuiRenderer, Trace_RecordsCallsWithNamedHandles) {
     EXPECT_EQ(xui_host::trace().size(), 3u);
 }
 
-TEST_F(XuiRenderer, Frames_CountEachShow) {
-    const uint64_t before = xui_host::framesShown();
-    XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 3, 4);
-    XuiShowWindow(c, 1, 0);
-    XuiShowWindow(c, 0, 0);
-    XuiShowWindow(c, 1, 0);
-    EXPECT_EQ(xui_host::framesShown(), before + 2);
-    EXPECT_TRUE(xui_host::waitForFrames(before + 2, std::chrono::milliseconds(1)));
-    EXPECT_FALSE(xui_host::waitForFrames(before + 3, std::chrono::milliseconds(1)));
-}
-
-TEST_F(XuiRenderer, Transform_RotatesClockwise) {
-    XuiWindow* c = whiteCanvas(0, 0, 2, 1);
-    XuiCanvasDrawRect(c, 0, 0, 1, 1, kRed, 0, 1);
-    XuiImg* img = XuiCaptureCanvas(c, 0, 0, 2, 1);
-    XuiImg* turned = XuiImgTransform(img, XUI_TRANS_ROTATE_90);
-    auto p = xui_host::image(turned);
-    ASSERT_EQ(p.width, 1u);
-    ASSERT_EQ(p.height, 2u);
-    EXPECT_EQ(p.at(0, 0), kRed);
-    EXPECT_EQ(p.at(0, 1), kWhite);
-    XuiImgFree(img);
-    XuiImgFree(turned);
-}
-
 } // namespace

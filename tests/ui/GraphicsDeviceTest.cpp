@@ -218,18 +218,6 @@ TEST_F(GraphicsDeviceTest, Render_DrawsOneWidgetAndPresents) {
     EXPECT_NE(device->getRootCanvas(), back);
 }
 
-TEST_F(GraphicsDeviceTest, ContextAndReset_GoThroughTheWindow) {
-    auto view = std::make_shared<test::View>();
-    device->setContext(view); // no window: ignored
-    EXPECT_EQ(device->getContext(), nullptr);
-    auto window = withWindow();
-    EXPECT_EQ(device->getWindow(), window);
-    device->setContext(view);
-    EXPECT_EQ(device->getContext(), view);
-    device->reset();
-    EXPECT_EQ(device->getContext(), nullptr);
-}
-
 TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours) {
     withWindow();
     osal::host::setColor(resource::BRAND_MAIN_BACKGROUND, 0x123456FFu);

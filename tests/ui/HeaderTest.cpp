@@ -12,16 +12,8 @@ namespace {
 const std::string kRes = "res/";
 constexpr int64_t k0905on7March2025 = 1741338300;
 
-class HeaderTest : public test::PlatformTest {
+class HeaderTest : public test::ImageCacheTest {
 protected:
-    void SetUp() override {
-        PlatformTest::SetUp();
-        ImageResourceCache::clearCache();
-    }
-    void TearDown() override {
-        ImageResourceCache::clearCache();
-        PlatformTest::TearDown();
-    }
     // The file name of each picture drawn, in order.
     static std::vector<std::string> drawnPictures() {
         std::vector<std::string> names;

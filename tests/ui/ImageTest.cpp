@@ -9,16 +9,11 @@
 
 namespace {
 
-class ImageTest : public test::PlatformTest {
+class ImageTest : public test::ImageCacheTest {
 protected:
     void SetUp() override {
-        PlatformTest::SetUp();
-        ImageResourceCache::clearCache();
+        ImageCacheTest::SetUp();
         picture = test::writePng("picture32x16", 32, 16);
-    }
-    void TearDown() override {
-        ImageResourceCache::clearCache();
-        PlatformTest::TearDown();
     }
     // Every handle loaded must be freed exactly once.
     void expectEachHandleFreedOnce() {

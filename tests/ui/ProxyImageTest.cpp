@@ -5,16 +5,8 @@
 
 namespace {
 
-class ProxyImageTest : public test::PlatformTest {
+class ProxyImageTest : public test::ImageCacheTest {
 protected:
-    void SetUp() override {
-        PlatformTest::SetUp();
-        ImageResourceCache::clearCache();
-    }
-    void TearDown() override {
-        ImageResourceCache::clearCache();
-        PlatformTest::TearDown();
-    }
     std::vector<std::string> drawnAt() {
         std::vector<std::string> out;
         for (const auto& c : xui_host::trace("CanvasDrawImg"))

@@ -29,16 +29,6 @@ public:
     void draw(_XuiWindow* canvas) override { drawWidgets(canvas); }
 };
 
-TEST(Widget, Constructors_PlaceAndShow) {
-    Probe a(3, 4);
-    EXPECT_EQ(a.getX(), 0u);
-    EXPECT_EQ(a.getWidth(), 3u);
-    EXPECT_TRUE(a.isVisible());
-    Probe b(1, 2, 3, 4);
-    EXPECT_EQ(b.getY(), 2u);
-    EXPECT_EQ(b.getHeight(), 4u);
-}
-
 TEST(IContainer, DrawWidgets_SkipsNullChildren_AndLeavesVisibilityToThem) {
     Screen screen;
     auto first = std::make_shared<Probe>(1, 1);

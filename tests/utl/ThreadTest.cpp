@@ -58,13 +58,6 @@ TEST(ThreadDeathTest, AboveErrorLevelTheLineIsNotWrittenButTheProcessStillEnds) 
         "^terminate called"); // nothing logged before the runtime's own words
 }
 
-TEST_F(Thread, DetachedOrJoinedThreadsDieQuietly) {
-    utl::thread t([] {});
-    t.join();
-    utl::thread empty;
-    EXPECT_FALSE(empty.joinable());
-}
-
 using Pool = test::PlatformTest;
 
 TEST_F(Pool, RunsSubmittedWork_OnAWorkerPerHardwareThread) {

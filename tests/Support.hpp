@@ -18,6 +18,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace test {
@@ -139,13 +140,18 @@ private:
     std::vector<device::input::Key> keys;
 };
 
+// A file name of this process's own under the test temp folder: CTest runs tests side by side.
+inline std::string tempPath(const std::string& name) {
+    return ::testing::TempDir() + "/" + std::to_string(::getpid()) + "_" + name;
+}
+
 // Writes a plain w x h picture under the test temp folder and returns its path.
 inline std::string writePng(const std::string& name, unsigned w, unsigned h, uint32_t argb = 0xFF336699) {
     xui_host::Pixels p;
     p.width = w;
     p.height = h;
     p.argb.assign(size_t(w) * h, argb);
-    const std::string path = ::testing::TempDir() + "/" + name + ".png";
+    const std::string path = tempPath(name + ".png");
     xui_host::savePng(p, path);
     return path;
 }

@@ -46,7 +46,7 @@ TEST_F(Osal, Trim_RemovesOnlyTheGivenCharactersAtTheEnds) {
 TEST_F(Osal, Localization_UnknownIdThrows_TableLoadsFromFile) {
     osal::host::clearStrings();
     EXPECT_THROW(Localization::getLocalizedString(1), LocalizationException);
-    const std::string path = ::testing::TempDir() + "/strings.txt";
+    const std::string path = test::tempPath("strings.txt");
     {
         std::ofstream out(path);
         out << "# comment\n1=Sale\n2 = Refund=ok\nbad line\nx=not a number\n";

@@ -28,9 +28,7 @@ protected:
         static XuiFont* f = XuiCreateFont(kFontPath, 0, XUI_FONT_SET_DEFAULT);
         return f;
     }
-    std::string tempPath(const std::string& name) {
-        return ::testing::TempDir() + "/" + name + std::to_string(::getpid()) + ".png";
-    }
+    std::string tempPath(const std::string& name) { return test::tempPath(name + ".png"); }
 };
 
 TEST_F(XuiRenderer, Text_LandsWhereDrawn_AndWidthMatchesItsInk) {

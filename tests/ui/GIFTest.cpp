@@ -60,7 +60,7 @@ TEST_F(GIFTest, FramesFollowTheAnimationClock) {
 }
 
 TEST_F(GIFTest, MissingOrBrokenFilesAreHarmless) {
-    const std::string broken = ::testing::TempDir() + "/broken.gif";
+    const std::string broken = test::tempPath("broken.gif");
     std::ofstream(broken) << "GIF89a but nothing more";
     for (const std::string& path : {std::string("no/such.gif"), broken, std::string()}) {
         ui::GIF gif(path, 0, 0, 10, 10);

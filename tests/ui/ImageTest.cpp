@@ -34,7 +34,7 @@ TEST_F(ImageTest, Loader_ThrowsWithThePathForAMissingOrBrokenFile) {
     } catch (const std::runtime_error& e) {
         EXPECT_STREQ(e.what(), "loadImage: no/such/picture.png does not point to a file");
     }
-    const std::string broken = ::testing::TempDir() + "/broken.png";
+    const std::string broken = test::tempPath("broken.png");
     std::ofstream(broken) << "\x89PNG\r\n\x1a\n but then nothing";
     EXPECT_THROW(ui::Image{broken}, std::runtime_error);
 }

@@ -121,6 +121,18 @@ TEST_F(XuiRenderer, ClearArea_RestoresTheBackground) {
     EXPECT_EQ(test::countColour(p, kWhite), 25u);
     XuiClearArea(c, 0, 0, 1000, 1000); // larger than the canvas: clipped
     EXPECT_EQ(test::countColour(xui_host::canvas(c), kWhite), 900u);
+
+    // A tiled background picture comes back too, over the background colour.
+    XuiWindow* pattern = whiteCanvas(0, 0, 2, 1);
+    XuiCanvasDrawRect(pattern, 0, 0, 1, 1, kRed, 0, 1);
+    XuiImg* tile = XuiCaptureCanvas(pattern, 0, 0, 2, 1); // red, white
+    XuiCanvasSetBackground(c, XUI_BG_TILE, tile, kBlue);
+    XuiImgFree(tile); // the canvas keeps its own copy
+    XuiCanvasDrawRect(c, 0, 0, 30, 30, kBlack, 0, 1);
+    XuiClearArea(c, 0, 0, 30, 30);
+    auto p2 = xui_host::canvas(c);
+    EXPECT_EQ(p2.at(4, 7), kRed);
+    EXPECT_EQ(p2.at(5, 7), kWhite);
 }
 
 TEST_F(XuiRenderer, Screen_ShowsStatusbarOnTop_AndOnlyVisibleCanvasesInCreationOrder) {

@@ -116,25 +116,30 @@ uint32_t sampleScaled(const Image& src, int w, int h, int u, int v) {
 void clearArea(Canvas& c, int x, int y, int w, int h) {
     Box b = clip(c, x, y, w, h);
     const Image* img = c.backgroundImage.get();
+    if (!img || !img->width || !img->height) { // a plain colour: the common case, on every present
+        for (int row = b.y0; row < b.y1; ++row) {
+            uint32_t* line = &c.px[size_t(row) * c.width];
+            std::fill(line + b.x0, line + b.x1, c.background);
+        }
+        return;
+    }
     for (int row = b.y0; row < b.y1; ++row) {
         uint32_t* line = &c.px[size_t(row) * c.width];
         for (int col = b.x0; col < b.x1; ++col) {
             uint32_t p = c.background;
-            if (img && img->width && img->height) {
-                switch (c.backgroundStyle) {
-                case XUI_BG_TILE:
-                    p = blend(p, img->at(unsigned(col) % img->width, unsigned(row) % img->height));
-                    break;
-                case XUI_BG_CENTER: {
-                    int u = col - (int(c.width) - int(img->width)) / 2;
-                    int v = row - (int(c.height) - int(img->height)) / 2;
-                    if (u >= 0 && v >= 0 && u < int(img->width) && v < int(img->height))
-                        p = blend(p, img->at(unsigned(u), unsigned(v)));
-                    break;
-                }
-                default:
-                    p = blend(p, sampleScaled(*img, int(c.width), int(c.height), col, row));
-                }
+            switch (c.backgroundStyle) {
+            case XUI_BG_TILE:
+                p = blend(p, img->at(unsigned(col) % img->width, unsigned(row) % img->height));
+                break;
+            case XUI_BG_CENTER: {
+                int u = col - (int(c.width) - int(img->width)) / 2;
+                int v = row - (int(c.height) - int(img->height)) / 2;
+                if (u >= 0 && v >= 0 && u < int(img->width) && v < int(img->height))
+                    p = blend(p, img->at(unsigned(u), unsigned(v)));
+                break;
+            }
+            default:
+                p = blend(p, sampleScaled(*img, int(c.width), int(c.height), col, row));
             }
             line[col] = p;
         }

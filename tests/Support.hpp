@@ -140,6 +140,15 @@ private:
     std::vector<device::input::Key> keys;
 };
 
+// Draws the widget (onto the root canvas unless told otherwise) and returns the calls it made
+// of one function; an empty name returns every call.
+inline std::vector<xui_host::Call> drawCalls(ui::Widget& widget, const std::string& function = "",
+                                             XuiWindow* canvas = nullptr) {
+    xui_host::clearTrace();
+    widget.draw(canvas ? canvas : XuiRootCanvas());
+    return function.empty() ? xui_host::trace() : xui_host::trace(function);
+}
+
 // A file name of this process's own under the test temp folder: CTest runs tests side by side.
 inline std::string tempPath(const std::string& name) {
     return ::testing::TempDir() + "/" + std::to_string(::getpid()) + "_" + name;

@@ -28,10 +28,8 @@ protected:
     // the pictures of the first one built in the process, whatever later caches hold.
     static inline bool batteriesBuilt = false;
     std::vector<std::string> drawnTexts(ui::Widget& w) {
-        xui_host::clearTrace();
-        w.draw(ui::Xui::RootCanvas());
         std::vector<std::string> out;
-        for (const auto& c : xui_host::trace("CanvasDrawText"))
+        for (const auto& c : test::drawCalls(w, "CanvasDrawText"))
             out.push_back(c.args.back());
         return out;
     }

@@ -21,9 +21,7 @@ protected:
         return canvas_;
     }
     std::vector<xui_host::Call> drawn(ui::Label& label) {
-        xui_host::clearTrace();
-        label.draw(canvas());
-        return xui_host::trace("CanvasDrawText");
+        return test::drawCalls(label, "CanvasDrawText", canvas());
     }
     XuiWindow* canvas_ = nullptr;
 };

@@ -24,11 +24,9 @@ class ListBoxTest : public test::PlatformTest {
 protected:
     // The rows drawn, top to bottom, as item ids; the focused one marked with '*'.
     std::vector<std::string> rows(ui::ListBox& list) {
-        xui_host::clearTrace();
-        list.draw(ui::Xui::RootCanvas());
         std::vector<std::string> out;
         bool bar = false;
-        for (const auto& c : xui_host::trace()) {
+        for (const auto& c : test::drawCalls(list)) {
             if (c.function == "CanvasDrawRect") {
                 bar = true;
                 continue;

@@ -37,10 +37,8 @@ TEST_F(MenuTest, Menu_KeepsItsItemsInOrder) {
 class ListItemTest : public test::PlatformTest {
 protected:
     std::vector<std::string> drawn(ui::ListItem& item) {
-        xui_host::clearTrace();
-        item.draw(ui::Xui::RootCanvas());
         std::vector<std::string> out;
-        for (const auto& c : xui_host::trace())
+        for (const auto& c : test::drawCalls(item))
             out.push_back(c.function == "CanvasDrawText" ? "text " + c.args[6] + " " + c.args[7]
                                                          : "rect " + c.args[5] + " r" + c.args[6]);
         return out;

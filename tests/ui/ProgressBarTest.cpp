@@ -11,10 +11,8 @@ namespace {
 class ProgressBarTest : public test::PlatformTest {
 protected:
     std::vector<std::string> rects(ui::ProgressBar& bar) {
-        xui_host::clearTrace();
-        bar.draw(ui::Xui::RootCanvas());
         std::vector<std::string> out;
-        for (const auto& c : xui_host::trace("CanvasDrawRect"))
+        for (const auto& c : test::drawCalls(bar, "CanvasDrawRect"))
             out.push_back(c.args[1] + "," + c.args[2] + " " + c.args[3] + "x" + c.args[4] + " " + c.args[5]);
         return out;
     }

@@ -11,10 +11,8 @@ class WrappableLabelTest : public test::PlatformTest {
 protected:
     // Each line drawn as "y:text".
     std::vector<std::string> lines(ui::WrappableLabel& label) {
-        xui_host::clearTrace();
-        label.draw(ui::Xui::RootCanvas());
         std::vector<std::string> out;
-        for (const auto& c : xui_host::trace("CanvasDrawText"))
+        for (const auto& c : test::drawCalls(label, "CanvasDrawText"))
             out.push_back(c.args[2] + ":" + c.args[7].substr(1, c.args[7].size() - 2));
         return out;
     }
@@ -78,10 +76,7 @@ TEST_F(WrappableLabelTest, Moves_KeepTheLayout) {
     label.wrapText("Remove card");
     label.setX(15);
     label.setY(5);
-    auto texts = xui_host::trace("CanvasDrawText");
-    xui_host::clearTrace();
-    label.draw(ui::Xui::RootCanvas());
-    texts = xui_host::trace("CanvasDrawText");
+    auto texts = test::drawCalls(label, "CanvasDrawText");
     ASSERT_EQ(texts.size(), 2u);
     EXPECT_EQ(texts[0].args[1], "15");
     EXPECT_EQ(texts[0].args[2], "5");

@@ -149,6 +149,24 @@ inline std::vector<xui_host::Call> drawCalls(ui::Widget& widget, const std::stri
     return function.empty() ? xui_host::trace() : xui_host::trace(function);
 }
 
+// The texts of the CanvasDrawText calls among calls, unquoted, in order.
+inline std::vector<std::string> texts(const std::vector<xui_host::Call>& calls) {
+    std::vector<std::string> out;
+    for (const auto& c : calls) {
+        if (c.function != "CanvasDrawText" || c.args.size() < 8)
+            continue;
+        const std::string& quoted = c.args[7];
+        std::string text;
+        for (size_t i = 1; i + 1 < quoted.size(); ++i) {
+            if (quoted[i] == '\\')
+                ++i;
+            text += quoted[i];
+        }
+        out.push_back(text);
+    }
+    return out;
+}
+
 // A file name of this process's own under the test temp folder: CTest runs tests side by side.
 inline std::string tempPath(const std::string& name) {
     return ::testing::TempDir() + "/" + std::to_string(::getpid()) + "_" + name;

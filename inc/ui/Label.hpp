@@ -1,9 +1,12 @@
-// Text widgets: the word-wrapping label and its line breaker.
+// Text widgets: the word-wrapping label and its line breaker, the text layout helpers that
+// turn a message into a column of labels, localized labels, titles and decorators.
 #pragma once
 
 #include "ui/Widget.hpp"
 
+#include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -14,6 +17,13 @@ std::vector<std::string> WrapText(const std::string& text, unsigned int width);
 
 // Identifies a localized string (see Localization::getLocalizedString).
 using StringId = int;
+
+// The library's error for a missing resource, for applications to raise and catch; the
+// library itself never throws it.
+class ResourceException : public std::runtime_error {
+public:
+    explicit ResourceException(const std::string& message) : std::runtime_error(message) {}
+};
 
 namespace ui {
 
@@ -99,5 +109,118 @@ private:
     unsigned int lineHeight_;
     std::vector<Label> labels_;
 };
+
+// A label whose text is normally a localized string. An unknown string identifier is logged,
+// never thrown: the previous text stays on screen. The proxy's own box and the inner label's
+// are kept equal by the setters; the inner label's visibility decides whether it draws.
+class ProxyLabel : public Widget {
+public:
+    ProxyLabel();
+    ProxyLabel(unsigned int x, unsigned int y, unsigned int width, unsigned int height);
+    // Both take the box from the source's getters (so the copy is visible) and copy the inner
+    // label; the move does not steal.
+    ProxyLabel(const ProxyLabel& other);
+    ProxyLabel(ProxyLabel&& other);
+    ~ProxyLabel() override;
+
+    // Both copy the inner label only: this proxy's own box stays as it was.
+    ProxyLabel& operator=(const ProxyLabel& other);
+    ProxyLabel& operator=(ProxyLabel&& other);
+
+    void setVisible(bool visible) override;
+    void setX(unsigned int x) override;
+    void setY(unsigned int y) override;
+    void setWidth(unsigned int width) override;
+    void setHeight(unsigned int height) override;
+
+    // Looks the text up, wraps it and takes the inner label's new size as its own.
+    void setText(int id);
+    // The inner label's setText; this proxy's own size is not updated.
+    void setText(const std::string& text);
+    std::string getText() const;
+    void clearText();
+    // On wrapped text these run the lines together (getText drops the wrapping spaces):
+    // intended, as on the terminal.
+    void setPrefix(const std::string& prefix);
+    void setSuffix(const std::string& suffix);
+    void setColor(unsigned int color);
+    void setFontSize(unsigned int size);
+    void setAlignment(const utils::Origin& alignment);
+    void verticalAlignment(bool centred);
+
+    void draw(_XuiWindow* canvas) override;
+
+private:
+    Label label_;
+};
+
+// Owns one widget (or none) and draws it. Moving or resizing the decorator leaves the widget
+// where it is; the decorator's own visibility is not consulted.
+class Decorator : public Widget {
+public:
+    explicit Decorator(std::unique_ptr<Widget> inner);
+    Decorator(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
+              std::unique_ptr<Widget> inner);
+    ~Decorator() override;
+
+    void draw(_XuiWindow* canvas) override;
+
+private:
+    std::unique_ptr<Widget> inner_;
+};
+
+// A one-line band in the accent colour (branding colour 10) with a centred localized caption
+// (branding colour 2), drawn above the widget it owns. The band always runs to the screen's
+// full width from the caption's x, whatever the title's own width.
+class Title : public Decorator {
+public:
+    // At (0, 0), the screen's width and one line high.
+    Title(StringId text, std::unique_ptr<Widget> inner);
+    Title(unsigned int x, unsigned int y, unsigned int width, unsigned int height, StringId text,
+          std::unique_ptr<Widget> inner);
+    ~Title() override;
+
+    void setText(StringId text);
+    void setString(const std::string& text);
+
+    void draw(_XuiWindow* canvas) override;
+
+private:
+    ProxyLabel caption_;
+};
+
+// Text layout ---------------------------------------------------------------------------------
+// Stateless helpers that break a message into lines and lay them out as a column of labels,
+// one line every 20 pixels, across the main canvas (GetMainCanvasWidth/Height).
+
+// Lines on "\n", each trimmed of " \t\n"; two newlines in a row give an empty line, a final
+// newline none.
+std::vector<std::string> splitOnNewLines(const std::string& text);
+// Pieces of at most maxChars bytes, broken at the last space among the first maxChars (or hard
+// cut without one). A line of exactly maxChars bytes is still broken if it holds a space.
+std::vector<std::string> splitLine(const std::string& line, unsigned int maxChars);
+// splitOnNewLines, then splitLine on each line longer than maxChars.
+std::vector<std::string> wordWrap(const std::string& text, unsigned int maxChars);
+// Wraps to the canvas width, measuring character by character, and appends to out. Past the
+// first break its output also holds overlapping longer prefixes, each with its own wrapped
+// rest: intended, as the terminal has always laid out automaticFormatting(text, y); the work
+// grows steeply with the number of lines, so keep such texts to a few lines.
+void wordWrap(std::vector<std::string>& out, const std::string& text);
+
+// Left-aligned labels from y down, one per line. A line wider than the canvas becomes a
+// taller label that overlaps the next one, which still sits 20 pixels lower.
+std::vector<std::shared_ptr<Widget>> automaticFormatting(const std::vector<std::string>& lines, int y);
+std::vector<std::shared_ptr<Widget>> automaticFormatting(const std::string& text, int y);
+// As automaticFormatting, each label centred.
+std::vector<std::shared_ptr<Widget>> centerOfScreenFormatting(const std::vector<std::string>& lines, int y);
+// Wrapped at 24 characters, centred from y down.
+std::vector<std::shared_ptr<Widget>> centerFormatting(const std::string& text, int y);
+// Centred both ways on the main canvas.
+std::vector<std::shared_ptr<Widget>> centerOfScreenFormatting(const std::vector<std::string>& lines);
+std::vector<std::shared_ptr<Widget>> centerOfScreenFormatting(const std::string& text);
+
+// The y of the last element (the top of the last line, not its bottom); 0 when the list is
+// empty or ends in null.
+unsigned int GetYFromLastTextElement(const std::vector<std::shared_ptr<Widget>>& elements);
 
 } // namespace ui

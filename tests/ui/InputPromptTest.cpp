@@ -1,0 +1,277 @@
+#include "Golden.hpp"
+#include "Support.hpp"
+
+#include "ui/Prompt.hpp"
+#include "ui/UserInterface.hpp"
+
+namespace {
+
+using namespace std::chrono_literals;
+using device::input::Key;
+
+const std::string pound = "\xC2\xA3";
+
+// A screen that shows one prompt and feeds it the keypad's keys, as an application's would:
+// Clear removes a character, Cancel empties the entry, Enter checks it.
+class PromptView : public ui::IContainer {
+public:
+    PromptView() : IContainer(0, 0, 320, 216) {}
+    void draw(_XuiWindow* canvas) override { prompt.draw(canvas); }
+    void handleKeyPress(const Key& key) override {
+        if (key == device::input::KEY_NONE)
+            return;
+        if (key == device::input::KEY_CLEAR)
+            prompt.clear();
+        else if (key == device::input::KEY_CANCEL)
+            prompt.clearAll();
+        else
+            prompt.injectKey(key);
+        ++handled;
+        ui::ServiceLocator::getGraphicsService()->update();
+    }
+    void onShow() override {}
+    void onHide() override {}
+    void onRefresh() override {}
+    bool isFinished() const override { return false; }
+
+    ui::input::InputPrompt prompt;
+    std::atomic<int> handled{0};
+};
+
+// The whole stack: keys pushed into the graphics stand-in reach the prompt on the keypad
+// thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
+class InputPromptTest : public test::PlatformTest {
+protected:
+    InputPromptTest() { openDisplay = false; }
+    void SetUp() override {
+        PlatformTest::SetUp();
+        osal::host::useVirtualTime(true);
+        ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
+        ui_->initialize();
+        graphics = ui::ServiceLocator::getGraphicsService();
+    }
+    void TearDown() override {
+        ui_.reset();
+        PlatformTest::TearDown();
+    }
+
+    void show(const ui::input::InputPrompt& prompt) {
+        osal::host::advanceTime(750ms); // whatever was typed before, a new character starts
+        view = std::make_shared<PromptView>();
+        view->prompt = prompt;
+        graphics->setContext(view);
+    }
+
+    // Pushes one key ('0'-'9', 'C' clear, 'X' cancel), waits until the view has handled it,
+    // and returns the entry as the next frame shows it ("" when it draws nothing).
+    std::string press(char key) {
+        const int before = view->handled;
+        xui_host::pushKey(key == 'C' ? int(XUI_KEY_CLEAR) : key == 'X' ? int(XUI_KEY_CANCEL) : int(key));
+        EXPECT_TRUE(test::eventually([&] { return view->handled == before + 1; }));
+        return entryShown();
+    }
+
+    // The calls of a frame drawn from now on: those between the last two frames shown.
+    std::vector<xui_host::Call> nextFrame() {
+        graphics->waitForDraw(); // any draw from here on began after the last key
+        const uint64_t frames = xui_host::framesShown();
+        graphics->update();
+        EXPECT_TRUE(xui_host::waitForFrames(frames + 1, 5s));
+        const auto calls = xui_host::trace();
+        std::vector<size_t> shows;
+        for (size_t i = 0; i < calls.size(); ++i)
+            if (calls[i].function == "ShowWindow" && calls[i].args[1] == "1")
+                shows.push_back(i);
+        EXPECT_GE(shows.size(), 2u);
+        if (shows.size() < 2)
+            return {};
+        return {calls.begin() + long(shows[shows.size() - 2]), calls.begin() + long(shows.back())};
+    }
+
+    // The text box's text in the next frame: what it draws in the input colour.
+    std::string entryShown() {
+        std::string entry;
+        for (const auto& call : nextFrame())
+            if (call.function == "CanvasDrawText" && call.args[6] == "0xffffffff")
+                entry += test::texts({call})[0];
+        return entry;
+    }
+
+    // Types keys one by one and checks what each frame shows.
+    void expectSteps(const std::vector<std::pair<char, std::string>>& steps) {
+        for (const auto& [key, shown] : steps)
+            EXPECT_EQ(press(key), shown) << "after key " << key;
+    }
+
+    std::unique_ptr<ui::UserInterface> ui_;
+    ui::IGraphics* graphics = nullptr;
+    std::shared_ptr<PromptView> view;
+};
+
+TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
+    show(ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."));
+    EXPECT_EQ(entryShown(), pound + "0.00");
+    expectSteps({{'0', pound + "0.00"}, {'5', pound + "0.05"}, {'0', pound + "0.50"}});
+    EXPECT_TRUE(view->prompt.validateInputText());
+    EXPECT_EQ(view->prompt.getInputText(), "50");
+    expectSteps({{'1', pound + "5.01"}, {'2', pound + "50.12"}, {'3', pound + "501.23"}, {'4', pound + "501.23"},
+                 {'C', pound + "50.12"}, {'X', ""}, {'7', pound + "0.07"}});
+}
+
+TEST_F(InputPromptTest, NumericAndDefaultNumeric) {
+    show(ui::input::createNumericPrompt(1, 100));
+    expectSteps({{'0', ""}, {'1', "1"}, {'0', "10"}, {'0', "100"}, {'5', "100"}});
+    EXPECT_TRUE(view->prompt.validateInputText());
+    expectSteps({{'X', ""}});
+    EXPECT_FALSE(view->prompt.validateInputText());
+
+    show(createDefaultNumericPrompt());
+    expectSteps({{'0', "0"}, {'0', "00"}, {'9', "009"}});
+    EXPECT_TRUE(view->prompt.validateInputText());
+}
+
+TEST_F(InputPromptTest, DefaultCurrency_UsesTheTerminalsCurrency) {
+    osal::host::setCurrency({"$", ".", 2});
+    show(ui::input::createDefaultCurrencyPrompt());
+    expectSteps({{'0', "$0.00"}, {'1', "$0.01"}, {'5', "$0.15"}});
+    EXPECT_EQ(view->prompt.getInputText(), "015");
+}
+
+TEST_F(InputPromptTest, Date_StopsAtTheMaximum_AndValidatesTheRange) {
+    show(ui::input::createNumericDatePrompt());
+    expectSteps({{'2', "2"}, {'0', "20"}, {'2', "202"}, {'4', "2024"}, {'1', "2024/1"}, {'1', "2024/11"},
+                 {'1', "2024/11/1"}, {'5', "2024/11/15"}, {'0', "2024/11/15"}});
+    EXPECT_TRUE(view->prompt.validateInputText());
+    view->prompt.setTextboxText("2015053");
+    expectSteps({{'0', "2015/05/30"}});
+    EXPECT_FALSE(view->prompt.validateInputText()); // the day before the minimum
+}
+
+TEST_F(InputPromptTest, Time_RefusesTheSixthDigitAboveTheMaximum_AndAlwaysValidates) {
+    show(ui::input::createNumericTimePrompt());
+    expectSteps({{'9', "9"}, {'9', "99"}, {'5', "99:5"}, {'9', "99:59"}, {'5', "99:59:5"}, {'9', "99:59:5"}});
+    EXPECT_TRUE(view->prompt.validateInputText()); // 99:59:5 is not range-checked
+    expectSteps({{'X', ""}, {'2', "2"}, {'3', "23"}, {'5', "23:5"}, {'9', "23:59"}, {'5', "23:59:5"},
+                 {'9', "23:59:59"}, {'0', "23:59:59"}});
+}
+
+TEST_F(InputPromptTest, Address_TakesTwelveDigits) {
+    show(ui::input::createNumericIPPrompt());
+    for (char c : std::string("19216800101"))
+        press(c);
+    expectSteps({{'0', "192.168.001.010"}, {'9', "192.168.001.010"}});
+    EXPECT_EQ(view->prompt.getInputText(), "192168001010");
+    EXPECT_TRUE(view->prompt.validateInputText());
+}
+
+TEST_F(InputPromptTest, Text_MultiTapsWithinTheAllowedClassesAndLength) {
+    show(ui::input::createTextPrompt(false, false, true, 2, 3));
+    expectSteps({{'2', "A"}, {'2', "B"}, {'2', "C"}});
+    EXPECT_FALSE(view->prompt.validateInputText()); // shorter than 2
+    osal::host::advanceTime(750ms);
+    expectSteps({{'2', "CA"}, {'3', "CAD"}, {'3', "CAD"}}); // at the maximum even a repeat is refused
+    EXPECT_TRUE(view->prompt.validateInputText());
+    expectSteps({{'C', "CA"}});
+
+    show(createDefaultAlphaNumericPrompt());
+    expectSteps({{'0', "0"}, {'0', "."}, {'0', "_"}, {'1', "_1"}, {'1', "_!"}});
+    EXPECT_TRUE(view->prompt.validateInputText());
+}
+
+TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {
+    struct Case {
+        int kind;
+        std::string keys, shown;
+        bool valid;
+    };
+    const Case cases[] = {
+        {0, "07", "07", true},          {1, "2", "2", true},           {2, "5", "", false},
+        {3, "5", "", false},            {4, "20241", "2024/1", false}, {5, "093", "09:3", true},
+        {6, "1921", "192.1", true},     {7, "5", "", false},           {-1, "5", "", false},
+    };
+    for (const auto& c : cases) {
+        const auto kind = static_cast<ui::utils::Prompts>(c.kind);
+        show(c.kind % 2 ? ui::input::create(kind) : ui::input::createWithDefaultValue(kind));
+        std::string shown;
+        for (char k : c.keys)
+            shown = press(k);
+        EXPECT_EQ(shown, c.shown) << "kind " << c.kind;
+        EXPECT_EQ(view->prompt.validateInputText(), c.valid) << "kind " << c.kind;
+    }
+}
+
+TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) {
+    osal::host::setString(500, "Enter the amount of the sale");
+    auto prompt = ui::input::createCurrencyPrompt(1, 999, 2, pound, ".");
+    prompt.setText(500);
+    show(prompt);
+    const auto placed = [&] {
+        std::vector<std::string> out;
+        for (const auto& call : nextFrame())
+            if (call.function == "CanvasDrawText")
+                out.push_back(call.args[2] + " " + test::texts({call})[0]);
+        return out;
+    };
+    using Lines = std::vector<std::string>;
+    // Built without a message, the box sits one line below the top; the message does not move it.
+    EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "20 " + pound + "0.00"}));
+    ui::input::AlignCenter(prompt); // the copy shares the box
+    EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "128 " + pound + "0.00"}));
+
+    // An unknown identifier keeps the old message; so does a null label.
+    EXPECT_THROW(view->prompt.setText(404), LocalizationException);
+    view->prompt.setMessage(nullptr);
+    auto label = std::make_shared<ui::ProxyLabel>(5, 5, 300, 20);
+    label->setText(std::string("Thank you"));
+    EXPECT_EQ(placed().size(), 3u);
+    view->prompt.setMessage(label);
+    EXPECT_EQ(placed(), (Lines{"98 Thank you", "128 " + pound + "0.00"}));
+}
+
+TEST_F(InputPromptTest, AnEmptyPromptIgnoresEverything) {
+    ui::input::InputPrompt prompt;
+    prompt.injectKey(device::input::KEY_1);
+    prompt.setTextboxText("1");
+    prompt.maskPrompt(true);
+    prompt.clear();
+    prompt.clearAll();
+    EXPECT_EQ(prompt.getInputText(), "");
+    EXPECT_FALSE(prompt.validateInputText());
+    xui_host::clearTrace();
+    prompt.draw(XuiRootCanvas());
+    EXPECT_TRUE(xui_host::trace().empty());
+}
+
+// Whole screens, as a cardholder sees them.
+class PromptScreenTest : public InputPromptTest {
+protected:
+    void expectScreen(ui::input::InputPrompt prompt, StringId message, const std::string& keys,
+                      const std::string& golden) {
+        prompt.setText(message);
+        ui::input::AlignCenter(prompt);
+        show(prompt);
+        for (char k : keys)
+            press(k);
+        entryShown();
+        graphics->waitForDraw();
+        EXPECT_TRUE(test::matchesGolden(xui_host::screen(), golden));
+    }
+};
+
+TEST_F(PromptScreenTest, CurrencyAfterAnAmount) {
+    expectScreen(ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."), 21, "1250", "prompt_currency");
+}
+
+TEST_F(PromptScreenTest, TextInTheMiddleOfAMultiTapCycle) {
+    expectScreen(ui::input::createTextPrompt(true, true, true, 1, 20), 26, "66", "prompt_text_multitap");
+    EXPECT_EQ(view->prompt.getInputText(), "M");
+}
+
+TEST_F(PromptScreenTest, MaskedEntry) {
+    auto prompt = ui::input::createNumericPrompt(0, 999999);
+    prompt.maskPrompt(true);
+    expectScreen(prompt, 27, "4711", "prompt_masked");
+    EXPECT_EQ(view->prompt.getInputText(), "4711");
+}
+
+} // namespace

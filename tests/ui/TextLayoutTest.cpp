@@ -1,0 +1,116 @@
+#include "Support.hpp"
+
+#include "ui/GraphicsDevice.hpp"
+#include "ui/Label.hpp"
+#include "ui/Xui.hpp"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(TextLayoutTest, SplitOnNewLines_TrimsEachLine_AndKeepsEmptyOnes) {
+    EXPECT_EQ(ui::splitOnNewLines("a\n\nb\n"), (Lines{"a", "", "b"}));
+    EXPECT_EQ(ui::splitOnNewLines(" one \t\ntwo"), (Lines{"one", "two"}));
+    EXPECT_TRUE(ui::splitOnNewLines("").empty());
+    EXPECT_EQ(ui::splitOnNewLines("\n"), (Lines{""}));
+}
+
+TEST(TextLayoutTest, SplitLine_BreaksAtTheLastSpaceOrCutsHard) {
+    EXPECT_EQ(ui::splitLine("abcdefghij", 4), (Lines{"abcd", "efgh", "ij"}));
+    EXPECT_EQ(ui::splitLine("Insert or tap card", 10), (Lines{"Insert or", "tap card"}));
+    // A line of exactly the budget is still broken at its space; wordWrap keeps it whole.
+    EXPECT_EQ(ui::splitLine("Tap card", 8), (Lines{"Tap", "card"}));
+    EXPECT_EQ(ui::wordWrap("Tap card", 8), (Lines{"Tap card"}));
+    EXPECT_EQ(ui::wordWrap("Please insert your card\nthen wait", 10),
+              (Lines{"Please", "insert", "your card", "then wait"}));
+    EXPECT_EQ(ui::splitLine("abc", 0), (Lines{""})); // no budget: nothing to cut by, and it ends
+}
+
+class TextLayoutOnScreenTest : public test::PlatformTest {
+protected:
+    TextLayoutOnScreenTest() { openDisplay = false; }
+    void SetUp() override {
+        PlatformTest::SetUp();
+        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 0}); // 320 x 240
+    }
+    void TearDown() override {
+        device.reset();
+        PlatformTest::TearDown();
+    }
+
+    struct Placed {
+        unsigned y;
+        std::string text;
+        bool operator==(const Placed& o) const { return y == o.y && text == o.text; }
+    };
+    static std::vector<Placed> placed(const std::vector<std::shared_ptr<ui::Widget>>& labels) {
+        std::vector<Placed> out;
+        for (const auto& w : labels)
+            out.push_back({w->getY(), static_cast<ui::Label&>(*w).getText()});
+        return out;
+    }
+
+    std::unique_ptr<ui::GraphicsDevice> device;
+};
+
+TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {
+    ASSERT_EQ(GetMainCanvasHeight(), 240);
+    const auto labels = ui::centerOfScreenFormatting(Lines{"one", "two", "three"});
+    EXPECT_EQ(placed(labels), (std::vector<Placed>{{90, "one"}, {110, "two"}, {130, "three"}}));
+    EXPECT_EQ(ui::GetYFromLastTextElement(labels), 130u);
+    for (const auto& w : labels) {
+        EXPECT_EQ(w->getX(), 0u);
+        EXPECT_EQ(w->getWidth(), 320u);
+    }
+    // Centred text is drawn around the middle of the canvas.
+    const auto calls = test::drawCalls(*labels[0], "CanvasDrawText");
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].args[1], std::to_string(160 - ui::fonts::GetTextWidth("one") / 2));
+
+    // Wrapped at 24 characters first.
+    const auto message = ui::centerOfScreenFormatting("Please present, insert or swipe your card");
+    EXPECT_EQ(placed(message), (std::vector<Placed>{{100, "Please present, insert"}, {120, "or swipe your card"}}));
+    EXPECT_EQ(placed(ui::centerFormatting("Tap", 7)), (std::vector<Placed>{{7, "Tap"}}));
+}
+
+TEST_F(TextLayoutOnScreenTest, AutomaticFormattingStacksLeftAlignedLines_EvenWhenOneWraps) {
+    const std::string wide(60, 'W');
+    const auto labels = ui::automaticFormatting(Lines{"a", wide, "b"}, 10);
+    ASSERT_EQ(labels.size(), 3u);
+    EXPECT_EQ(labels[1]->getY(), 30u);
+    EXPECT_GT(labels[1]->getHeight(), 20u); // taller, and overlapping the next line
+    EXPECT_EQ(labels[2]->getY(), 50u);
+    EXPECT_EQ(test::drawCalls(*labels[0], "CanvasDrawText")[0].args[1], "0");
+}
+
+TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsPastTheFirstBreak) {
+    std::vector<std::string> out;
+    ui::wordWrap(out, "Short");
+    EXPECT_EQ(out, (Lines{"Short"}));
+
+    // Find a text just one character too wide for the canvas.
+    std::string text;
+    unsigned sum = 0;
+    while (sum <= 320) {
+        text += 'm';
+        sum += ui::fonts::GetTextWidth("m");
+    }
+    text += "mm"; // two more past the break
+    const std::size_t cut = text.size() - 3;
+    out.clear();
+    ui::wordWrap(out, text);
+    // The first line and its rest, then each longer prefix with its own rest.
+    EXPECT_EQ(out, (Lines{text.substr(0, cut), "mmm", text.substr(0, cut + 1), "mm", text.substr(0, cut + 2), "m"}));
+
+    out.clear();
+    ui::wordWrap(out, "");
+    EXPECT_EQ(out, (Lines{""})); // the canvas is wider than nothing
+    EXPECT_EQ(ui::automaticFormatting(text, 0).size(), 6u);
+}
+
+TEST(TextLayoutTest, GetYFromLastTextElement_IsZeroWithoutALastElement) {
+    EXPECT_EQ(ui::GetYFromLastTextElement({}), 0u);
+    EXPECT_EQ(ui::GetYFromLastTextElement({std::make_shared<ui::Label>(0, 40, 10, 20), nullptr}), 0u);
+}
+
+} // namespace

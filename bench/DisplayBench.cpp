@@ -1,15 +1,6 @@
 // The display core's hot paths: a key press until the frame showing its effect is on the
 // panel, and one full-screen draw and present.
-#include <ui/ui.hpp>
-
-#include <osal/host.hpp>
-#include <xui_host.hpp>
-
-#include <benchmark/benchmark.h>
-
-#include <algorithm>
-#include <chrono>
-#include <vector>
+#include "Support.hpp"
 
 namespace {
 
@@ -37,43 +28,11 @@ public:
     bool isFinished() const override { return false; }
 };
 
-struct Session {
-    Session() {
-        osal::host::setLogSink([](LogLevel, const std::string&) {});
-        ui.initialize();
-        graphics = ui::ServiceLocator::getGraphicsService();
-        graphics->setContext(view);
-    }
-    ui::UserInterface ui{GraphicsDeviceParams{0, 24}};
-    ui::IGraphics* graphics = nullptr;
-    std::shared_ptr<TenLabels> view = std::make_shared<TenLabels>();
-};
-
-double percentile(std::vector<double> samples, double p) {
-    std::sort(samples.begin(), samples.end());
-    return samples[std::min(samples.size() - 1, size_t(p * double(samples.size() - 1) + 0.5))];
-}
+using Session = bench::Session<TenLabels>;
 
 void BM_KeyToPresent(benchmark::State& state) {
     Session s;
-    std::vector<double> micros;
-    for (auto _ : state) {
-        const auto frames = xui_host::framesShown();
-        const auto start = std::chrono::steady_clock::now();
-        xui_host::pushKey('5');
-        if (!xui_host::waitForFrames(frames + 1, std::chrono::seconds(5))) {
-            state.SkipWithError("no frame presented");
-            break;
-        }
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-        state.SetIterationTime(elapsed.count());
-        micros.push_back(elapsed.count() * 1e6);
-        s.graphics->waitForDraw();
-    }
-    if (!micros.empty()) {
-        state.counters["p50_us"] = percentile(micros, 0.50);
-        state.counters["p99_us"] = percentile(micros, 0.99);
-    }
+    bench::keyToPresent(state, *s.graphics, '5');
 }
 BENCHMARK(BM_KeyToPresent)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
 

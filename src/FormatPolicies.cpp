@@ -21,7 +21,8 @@ std::string formatAmount(const std::string& symbol, const std::string& separator
 
 // The raw text cut after each of the given lengths, with the separator between the pieces; a
 // cut at or past the end of the text is not made.
-std::string grouped(const std::string& raw, const std::string& separator, std::initializer_list<std::size_t> cuts) {
+std::string grouped(const std::string& raw, const std::string& separator,
+                    std::initializer_list<std::size_t> cuts) {
     std::string out;
     std::size_t from = 0;
     for (const std::size_t cut : cuts) {

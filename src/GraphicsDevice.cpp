@@ -102,7 +102,13 @@ GraphicsDevice::GraphicsDeviceImpl::~GraphicsDeviceImpl() {
     if (renderThread.joinable())
         renderThread.join();
     closeGraphicsDevice();
-    window.reset();
+    // Released outside the window lock: the window may own the contactless indicator, whose
+    // worker must be able to finish a header redraw (which takes that lock) to be joined.
+    std::shared_ptr<Window> released;
+    {
+        std::lock_guard<std::mutex> lock(windowMutex);
+        released = std::atomic_exchange(&window, std::shared_ptr<Window>());
+    }
 }
 
 bool GraphicsDevice::GraphicsDeviceImpl::openGraphicsDevice() {
@@ -152,12 +158,19 @@ void GraphicsDevice::GraphicsDeviceImpl::switchBuffers(_XuiWindow** a, _XuiWindo
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::closeGraphicsDevice() {
-    // A display closed behind our back took its canvases with it: nothing left to clear.
-    if (open && Xui::IsRunning()) {
-        for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
-            Xui::ClearArea(canvas, 0, 0, canvas->width, canvas->height);
-        for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
-            Xui::DestroyWindow(canvas);
+    {
+        // Header redraws may still come from other threads (the contactless indicator's
+        // worker): they find no canvas from here on.
+        std::scoped_lock lock(canvasMutex, headerMutex);
+        // A display closed behind our back took its canvases with it: nothing left to clear.
+        if (open && Xui::IsRunning()) {
+            for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
+                Xui::ClearArea(canvas, 0, 0, canvas->width, canvas->height);
+            for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
+                Xui::DestroyWindow(canvas);
+        }
+        mainBack = mainFront = headerBack = headerFront = nullptr;
+        open = false;
     }
     Xui::Close();
 }
@@ -201,8 +214,9 @@ void GraphicsDevice::GraphicsDeviceImpl::render(Widget* widget) {
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::setWindow(const std::shared_ptr<Window>& w) {
+    std::shared_ptr<Window> previous; // released outside the lock, as in the destructor
     std::lock_guard<std::mutex> lock(windowMutex);
-    std::atomic_store(&window, w);
+    previous = std::atomic_exchange(&window, w);
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::setContext(const std::shared_ptr<IContainer>& view) {
@@ -225,6 +239,8 @@ void GraphicsDevice::GraphicsDeviceImpl::updateHeader() {
     if (!window)
         return;
     std::lock_guard<std::mutex> headerLock(headerMutex);
+    if (!headerBack)
+        return;
     if (window->updateHeader(headerBack))
         switchBuffers(&headerFront, &headerBack);
 }

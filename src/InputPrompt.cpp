@@ -108,8 +108,8 @@ InputPrompt createNumericPrompt(long long min, long long max) {
     });
 }
 
-InputPrompt createCurrencyPrompt(long long min, long long max, unsigned char exponent, const std::string& symbol,
-                                 const std::string& separator) {
+InputPrompt createCurrencyPrompt(long long min, long long max, unsigned char exponent,
+                                 const std::string& symbol, const std::string& separator) {
     return internal::create<numeric_policy, format_policy>(Box::Empty, [&](auto& box) {
         box.setMin(min);
         box.setMax(max);

@@ -139,9 +139,9 @@ void Title::setString(const std::string& text) {
 }
 
 void Title::draw(_XuiWindow* canvas) {
-    Xui::CanvasDrawRect(canvas, caption_.getX(), caption_.getY(), screenWidth(), caption_.getHeight(),
-                        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_ACCENT)), 0,
-                        1);
+    Xui::CanvasDrawRect(
+        canvas, caption_.getX(), caption_.getY(), screenWidth(), caption_.getHeight(),
+        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_ACCENT)), 0, 1);
     caption_.draw(canvas);
     Decorator::draw(canvas);
 }

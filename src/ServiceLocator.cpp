@@ -31,6 +31,12 @@ void ServiceLocator::addContactlessStatusIndicator(ContactlessStatusIndicator* i
     indicator_ = indicator;
 }
 
+void ServiceLocator::removeContactlessStatusIndicator(ContactlessStatusIndicator* indicator) {
+    std::lock_guard<std::mutex> lock(indicatorMutex_);
+    if (indicator_ == indicator)
+        indicator_ = nullptr;
+}
+
 void ServiceLocator::updateContactlessIndicator(State state) {
     std::lock_guard<std::mutex> lock(indicatorMutex_);
     if (indicator_)

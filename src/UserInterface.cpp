@@ -31,6 +31,14 @@ public:
         graphics->setWindow(window);
     }
 
+    void enableContactless(const geom::rectangle& area,
+                           const CtlsStatusIndicatorConfiguration& configuration) override {
+        if (!graphics)
+            return;
+        if (std::shared_ptr<Window> window = graphics->getWindow())
+            detail::configureContactlessIndicator(area, *window, graphics.get(), configuration);
+    }
+
     geom::rectangle screenSize() override {
         if (!graphics)
             return {};
@@ -42,6 +50,13 @@ private:
     std::shared_ptr<input::KeyBoard> keyboard;
 };
 
+void detail::configureContactlessIndicator(const geom::rectangle& area, Window& window, IGraphics* graphics,
+                                           const CtlsStatusIndicatorConfiguration& configuration) {
+    auto indicator = std::make_shared<ContactlessStatusIndicator>(area.x, area.y, area.width, area.height);
+    indicator->initialize(configuration, graphics);
+    window.setContactlessStatusIndicator(indicator);
+}
+
 UserInterface::UserInterface(const GraphicsDeviceParams& params) : impl_(std::make_unique<impl>(params)) {}
 UserInterface::~UserInterface() = default;
 
@@ -50,6 +65,10 @@ void UserInterface::initialize() {
 }
 geom::rectangle UserInterface::screenSize() {
     return impl_->screenSize();
+}
+void UserInterface::enableContactless(const geom::rectangle& area,
+                                      const CtlsStatusIndicatorConfiguration& configuration) {
+    impl_->enableContactless(area, configuration);
 }
 
 } // namespace ui

@@ -85,8 +85,8 @@ bool default_numeric_policy::validate(const std::string&) const {
 void alpha_numeric_policy::processKey(std::string& text, const Key& key) {
     if (!isDigitKey(key) || text.size() == max_)
         return;
-    const unsigned mask =
-        (allowCharacters_ ? Characters : 0u) | (allowNumbers_ ? Numbers : 0u) | (allowSymbols_ ? Symbols : 0u);
+    const unsigned mask = (allowCharacters_ ? Characters : 0u) | (allowNumbers_ ? Numbers : 0u) |
+                          (allowSymbols_ ? Symbols : 0u);
     text = ui::detail::multiTap(text, key, mask, timer_, keyBinding_);
 }
 

@@ -6,6 +6,7 @@
 #include "ui/Widget.hpp"
 
 #include <mutex>
+#include <utility>
 
 namespace ui {
 
@@ -59,8 +60,11 @@ public:
     }
 
     void setContactlessStatusIndicator(const std::shared_ptr<ContactlessStatusIndicator>& indicator) {
+        // The indicator replaced is destroyed after the lock is released: its destructor joins
+        // a worker that may be waiting for this lock to draw the header.
+        std::shared_ptr<ContactlessStatusIndicator> previous;
         std::lock_guard<std::recursive_mutex> lock(indicatorMutex_);
-        indicator_ = indicator;
+        previous = std::exchange(indicator_, indicator);
     }
 
     void injectKeyPress(device::input::Key key) {

@@ -237,15 +237,19 @@ Icon signal(int lit) {
     return icon;
 }
 
+// 15 x 15, the size the indicator lays its LEDs out for. Lit: a bright green lamp with a halo
+// and a glint, unmistakable at a glance; dark: a grey lamp in its bezel.
 Icon led(bool on) {
-    Icon icon(16, 16);
+    Icon icon(15, 15);
+    const double c = 7.5;
     if (on) {
-        icon.fill(circle(8, 8, 7.5), 0x6600E676); // glow
-        icon.fill(circle(8, 8, 6), 0xFF00C853);
-        icon.fill(circle(6.3, 6.2, 2.2), 0x99FFFFFF);
+        icon.fill(circle(c, c, 7.5), 0x8000E676); // halo
+        icon.fill(circle(c, c, 6), 0xFF00E676);
+        icon.fill(circle(c, c, 3.5), 0xFFB9F6CA);
+        icon.fill(circle(5.6, 5.4, 1.8), 0xCCFFFFFF);
     } else {
-        icon.fill(circle(8, 8, 6), 0xFF2B2B2B);
-        icon.fill(ring(8, 8, 6, 1), 0xFF555555);
+        icon.fill(circle(c, c, 6), 0xFF263238);
+        icon.fill(ring(c, c, 6, 1.2), 0xFF607D8B);
     }
     return icon;
 }

@@ -44,8 +44,9 @@ public:
 };
 
 // Static registry of non-owning pointers. Each service registers itself when constructed; a
-// later registration replaces an earlier one, and nothing is ever cleared, so nothing may be
-// called through it once the user interface is gone.
+// later registration replaces an earlier one. Only the indicator leaves when it is destroyed
+// (application threads change its state at any time); the other slots are never cleared, so
+// nothing may be called through them once the user interface is gone.
 class ServiceLocator {
 public:
     ServiceLocator() = delete;
@@ -63,6 +64,10 @@ public:
     static void updateContactlessIndicator(State state);
 
 private:
+    friend class ContactlessStatusIndicator;
+    // Clears the slot if it still holds this indicator, which is being destroyed.
+    static void removeContactlessStatusIndicator(ContactlessStatusIndicator* indicator);
+
     static IGraphics* graphics_;
     static input::KeyBoard* input_;
     static std::mutex inputMutex_;

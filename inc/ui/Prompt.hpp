@@ -70,8 +70,8 @@ void AlignCenter(const InputPrompt& prompt);
 InputPrompt createNumericPrompt(long long min, long long max);
 // An amount in minor units between min and max, shown as symbol, units, separator and
 // exponent digits (£0.00).
-InputPrompt createCurrencyPrompt(long long min, long long max, unsigned char exponent, const std::string& symbol,
-                                 const std::string& separator);
+InputPrompt createCurrencyPrompt(long long min, long long max, unsigned char exponent,
+                                 const std::string& symbol, const std::string& separator);
 // Multi-tap text of the allowed classes, min to max bytes long.
 InputPrompt createTextPrompt(bool allowNumbers, bool allowSymbols, bool allowCharacters, unsigned min,
                              unsigned max);

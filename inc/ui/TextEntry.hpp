@@ -143,8 +143,8 @@ template <bool AllowSymbols = true, bool AllowNumbers = true, bool AllowCharacte
 class default_alpha_numeric_policy {
 public:
     void processKey(std::string& text, const device::input::Key& key) {
-        constexpr unsigned mask =
-            (AllowCharacters ? Characters : 0u) | (AllowNumbers ? Numbers : 0u) | (AllowSymbols ? Symbols : 0u);
+        constexpr unsigned mask = (AllowCharacters ? Characters : 0u) | (AllowNumbers ? Numbers : 0u) |
+                                  (AllowSymbols ? Symbols : 0u);
         text = ui::detail::multiTap(text, key, mask, timer_, keyBinding_);
     }
     bool validate(const std::string&) const { return true; }

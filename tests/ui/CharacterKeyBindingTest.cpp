@@ -66,7 +66,8 @@ TEST(CharacterKeyBindingTest, Filters_KeepOnlyTheAllowedClasses_AndNeverHalfACha
         {KEY_ENTER, Characters | Numbers | Symbols, ""},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(binding.getCharacterSetFromKey(c.key, CharacterSet(c.set)), c.kept) << c.key << "/" << c.set;
+        EXPECT_EQ(binding.getCharacterSetFromKey(c.key, CharacterSet(c.set)), c.kept)
+            << c.key << "/" << c.set;
     const CharacterKeyBinding custom({{KEY_3, "3x"}});
     EXPECT_EQ(custom.getCharacterSetFromKey(KEY_3, Characters), "x");
     EXPECT_EQ(custom.getTotalCharacterBindings(KEY_2), 0u);
@@ -88,7 +89,7 @@ TEST_F(MultiTapTest, ACycleWrapsToItsFirstCharacter_AlsoWhenTheStringShrinks) {
     for (int i = 0; i < 3; ++i)
         press(KEY_2, "2AB");
     EXPECT_EQ(press(KEY_2, "2AB"), "2");
-    press(KEY_2, "2AB");                 // A; the next index is 2
+    press(KEY_2, "2AB");                // A; the next index is 2
     EXPECT_EQ(press(KEY_2, "2A"), "2"); // past the shorter string: back to its start
 }
 

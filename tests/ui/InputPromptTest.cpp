@@ -114,8 +114,13 @@ TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
     expectSteps({{'0', pound + "0.00"}, {'5', pound + "0.05"}, {'0', pound + "0.50"}});
     EXPECT_TRUE(view->prompt.validateInputText());
     EXPECT_EQ(view->prompt.getInputText(), "50");
-    expectSteps({{'1', pound + "5.01"}, {'2', pound + "50.12"}, {'3', pound + "501.23"}, {'4', pound + "501.23"},
-                 {'C', pound + "50.12"}, {'X', ""}, {'7', pound + "0.07"}});
+    expectSteps({{'1', pound + "5.01"},
+                 {'2', pound + "50.12"},
+                 {'3', pound + "501.23"},
+                 {'4', pound + "501.23"},
+                 {'C', pound + "50.12"},
+                 {'X', ""},
+                 {'7', pound + "0.07"}});
 }
 
 TEST_F(InputPromptTest, NumericAndDefaultNumeric) {
@@ -139,8 +144,15 @@ TEST_F(InputPromptTest, DefaultCurrency_UsesTheTerminalsCurrency) {
 
 TEST_F(InputPromptTest, Date_StopsAtTheMaximum_AndValidatesTheRange) {
     show(ui::input::createNumericDatePrompt());
-    expectSteps({{'2', "2"}, {'0', "20"}, {'2', "202"}, {'4', "2024"}, {'1', "2024/1"}, {'1', "2024/11"},
-                 {'1', "2024/11/1"}, {'5', "2024/11/15"}, {'0', "2024/11/15"}});
+    expectSteps({{'2', "2"},
+                 {'0', "20"},
+                 {'2', "202"},
+                 {'4', "2024"},
+                 {'1', "2024/1"},
+                 {'1', "2024/11"},
+                 {'1', "2024/11/1"},
+                 {'5', "2024/11/15"},
+                 {'0', "2024/11/15"}});
     EXPECT_TRUE(view->prompt.validateInputText());
     view->prompt.setTextboxText("2015053");
     expectSteps({{'0', "2015/05/30"}});
@@ -151,8 +163,14 @@ TEST_F(InputPromptTest, Time_RefusesTheSixthDigitAboveTheMaximum_AndAlwaysValida
     show(ui::input::createNumericTimePrompt());
     expectSteps({{'9', "9"}, {'9', "99"}, {'5', "99:5"}, {'9', "99:59"}, {'5', "99:59:5"}, {'9', "99:59:5"}});
     EXPECT_TRUE(view->prompt.validateInputText()); // 99:59:5 is not range-checked
-    expectSteps({{'X', ""}, {'2', "2"}, {'3', "23"}, {'5', "23:5"}, {'9', "23:59"}, {'5', "23:59:5"},
-                 {'9', "23:59:59"}, {'0', "23:59:59"}});
+    expectSteps({{'X', ""},
+                 {'2', "2"},
+                 {'3', "23"},
+                 {'5', "23:5"},
+                 {'9', "23:59"},
+                 {'5', "23:59:5"},
+                 {'9', "23:59:59"},
+                 {'0', "23:59:59"}});
 }
 
 TEST_F(InputPromptTest, Address_TakesTwelveDigits) {
@@ -185,9 +203,9 @@ TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {
         bool valid;
     };
     const Case cases[] = {
-        {0, "07", "07", true},          {1, "2", "2", true},           {2, "5", "", false},
-        {3, "5", "", false},            {4, "20241", "2024/1", false}, {5, "093", "09:3", true},
-        {6, "1921", "192.1", true},     {7, "5", "", false},           {-1, "5", "", false},
+        {0, "07", "07", true},      {1, "2", "2", true},           {2, "5", "", false},
+        {3, "5", "", false},        {4, "20241", "2024/1", false}, {5, "093", "09:3", true},
+        {6, "1921", "192.1", true}, {7, "5", "", false},           {-1, "5", "", false},
     };
     for (const auto& c : cases) {
         const auto kind = static_cast<ui::utils::Prompts>(c.kind);

@@ -69,7 +69,8 @@ TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {
 
     // Wrapped at 24 characters first.
     const auto message = ui::centerOfScreenFormatting("Please present, insert or swipe your card");
-    EXPECT_EQ(placed(message), (std::vector<Placed>{{100, "Please present, insert"}, {120, "or swipe your card"}}));
+    EXPECT_EQ(placed(message),
+              (std::vector<Placed>{{100, "Please present, insert"}, {120, "or swipe your card"}}));
     EXPECT_EQ(placed(ui::centerFormatting("Tap", 7)), (std::vector<Placed>{{7, "Tap"}}));
 }
 
@@ -100,7 +101,8 @@ TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsP
     out.clear();
     ui::wordWrap(out, text);
     // The first line and its rest, then each longer prefix with its own rest.
-    EXPECT_EQ(out, (Lines{text.substr(0, cut), "mmm", text.substr(0, cut + 1), "mm", text.substr(0, cut + 2), "m"}));
+    EXPECT_EQ(out, (Lines{text.substr(0, cut), "mmm", text.substr(0, cut + 1), "mm", text.substr(0, cut + 2),
+                          "m"}));
 
     out.clear();
     ui::wordWrap(out, "");

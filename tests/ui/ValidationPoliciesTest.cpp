@@ -14,8 +14,8 @@ Key digit(char c) {
 }
 
 // Types the digits one by one and returns the text after each key.
-template <class Policy> std::vector<std::string> type(Policy& policy, const std::string& digits,
-                                                      std::string text = "") {
+template <class Policy>
+std::vector<std::string> type(Policy& policy, const std::string& digits, std::string text = "") {
     std::vector<std::string> after;
     for (char c : digits) {
         policy.processKey(text, digit(c));
@@ -55,8 +55,14 @@ TEST(NumericPolicyTest, ValidateParsesLikeStoll) {
         bool valid;
     };
     const Case cases[] = {
-        {"-5", true},   {"  42", true},  {"+7", true},  {"12abc", true}, {"abc", false},
-        {"", false},    {"-", false},    {"9223372036854775807", true},
+        {"-5", true},
+        {"  42", true},
+        {"+7", true},
+        {"12abc", true},
+        {"abc", false},
+        {"", false},
+        {"-", false},
+        {"9223372036854775807", true},
         {"99999999999999999999", false}, // beyond 64 bits
     };
     for (const auto& c : cases)

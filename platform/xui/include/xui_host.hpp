@@ -34,7 +34,8 @@ uint64_t keysRead();
 struct Call {
     std::string function; // without the Xui prefix, e.g. "CanvasDrawText"
     std::vector<std::string> args;
-    std::string str() const; // "CanvasDrawText(c1, 0, 0, 20, f1, 0, 0xff000000, \"Hi\")"
+    std::chrono::steady_clock::time_point at; // when the call was made
+    std::string str() const;                  // "CanvasDrawText(c1, 0, 0, 20, f1, 0, 0xff000000, \"Hi\")"
 };
 void setTracing(bool enabled); // off by default
 void clearTrace();
@@ -70,6 +71,10 @@ Pixels loadPng(const std::string& path); // empty when unreadable
 // given number of milliseconds since each animation started, until unpinned.
 void pinAnimationTime(std::chrono::milliseconds sinceStart);
 void unpinAnimationTime();
+
+// The file an image handle named in the trace ("i3") was loaded from with XuiImgLoadFromFile;
+// empty for images made otherwise.
+std::string imageFile(const std::string& name);
 
 // Status-bar icons set with XuiSetStatusbarIcon, by icon number.
 std::string statusbarIcon(int icon);

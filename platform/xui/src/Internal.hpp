@@ -81,6 +81,7 @@ struct State {
     int nextImageId = 1;
     int nextFontId = 1;
     std::map<int, std::string> statusbarIcons;
+    std::map<int, std::string> imageFiles; // image id -> the file it was loaded from
     bool animationPinned = false;
     std::chrono::milliseconds pinnedAnimationTime{0};
 };

@@ -32,7 +32,7 @@ void record(const char* function, std::vector<std::string> args) {
     auto& t = tr();
     std::lock_guard<std::mutex> lock(t.mutex);
     if (t.enabled)
-        t.calls.push_back({function, std::move(args)});
+        t.calls.push_back({function, std::move(args), std::chrono::steady_clock::now()});
 }
 
 void noteFrameShown() {

@@ -414,7 +414,9 @@ XuiImg* XuiImgLoadFromFile(const char* path) {
     auto decoded = decodePngFile(path); // decoding needs no lock
     auto& s = state();
     Lock lock(s.mutex);
-    XuiImg* img = adoptImage(std::move(decoded));
+    Image* img = adoptImage(std::move(decoded));
+    if (img)
+        s.imageFiles[img->id] = path;
     TRACE(argText(path));
     return img;
 }
@@ -572,6 +574,7 @@ void reset() {
         s.panelWidth = 320;
         s.panelHeight = 240;
         s.statusbarIcons.clear();
+        s.imageFiles.clear();
         s.animationPinned = false;
     }
     keysReset();
@@ -628,6 +631,15 @@ void unpinAnimationTime() {
     auto& s = state();
     Lock lock(s.mutex);
     s.animationPinned = false;
+}
+
+std::string imageFile(const std::string& name) {
+    auto& s = state();
+    Lock lock(s.mutex);
+    if (name.size() < 2 || name[0] != 'i')
+        return "";
+    const auto it = s.imageFiles.find(std::atoi(name.c_str() + 1));
+    return it == s.imageFiles.end() ? "" : it->second;
 }
 
 std::string statusbarIcon(int icon) {

@@ -1,0 +1,60 @@
+// What the benchmark programs share: a display session around one view, and the measurement of
+// a key press until the frame that shows it is on the panel.
+#pragma once
+
+#include <ui/ui.hpp>
+
+#include <osal/host.hpp>
+#include <xui_host.hpp>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace bench {
+
+// The full stack with a 24-pixel status bar, showing view.
+template <class View> struct Session {
+    Session() {
+        osal::host::setLogSink([](LogLevel, const std::string&) {});
+        ui.initialize();
+        graphics = ui::ServiceLocator::getGraphicsService();
+        graphics->setContext(view);
+    }
+    ui::UserInterface ui{GraphicsDeviceParams{0, 24}};
+    ui::IGraphics* graphics = nullptr;
+    std::shared_ptr<View> view = std::make_shared<View>();
+};
+
+inline double percentile(std::vector<double> samples, double p) {
+    std::sort(samples.begin(), samples.end());
+    return samples[std::min(samples.size() - 1, size_t(p * double(samples.size() - 1) + 0.5))];
+}
+
+// Each iteration pushes key into the keypad and waits for the next frame presented; the view's
+// key handler is expected to ask for a redraw. Reports the 50th and 99th percentiles.
+inline void keyToPresent(benchmark::State& state, ui::IGraphics& graphics, int key) {
+    std::vector<double> micros;
+    for (auto _ : state) {
+        const auto frames = xui_host::framesShown();
+        const auto start = std::chrono::steady_clock::now();
+        xui_host::pushKey(key);
+        if (!xui_host::waitForFrames(frames + 1, std::chrono::seconds(5))) {
+            state.SkipWithError("no frame presented");
+            break;
+        }
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(elapsed.count());
+        micros.push_back(elapsed.count() * 1e6);
+        graphics.waitForDraw();
+    }
+    if (!micros.empty()) {
+        state.counters["p50_us"] = percentile(micros, 0.50);
+        state.counters["p99_us"] = percentile(micros, 0.99);
+    }
+}
+
+} // namespace bench

@@ -1,0 +1,70 @@
+// Text entry: a key into a currency prompt until the frame showing the new amount is on the
+// panel, and the pieces of that path on their own.
+#include "Support.hpp"
+
+namespace {
+
+const std::string pound = "\xC2\xA3";
+
+// An amount prompt that starts over after six digits, so every key changes the amount shown.
+class AmountScreen : public ui::IContainer {
+public:
+    AmountScreen() : IContainer(0, 0, 320, 216) {
+        prompt.setText(21);
+        ui::input::AlignCenter(prompt);
+    }
+    void draw(_XuiWindow* canvas) override { prompt.draw(canvas); }
+    void handleKeyPress(const device::input::Key& key) override {
+        if (key == device::input::KEY_NONE)
+            return;
+        if (prompt.getInputText().size() >= 6)
+            prompt.clearAll();
+        prompt.injectKey(key);
+        ui::ServiceLocator::getGraphicsService()->update();
+    }
+    void onShow() override {}
+    void onHide() override {}
+    void onRefresh() override {}
+    bool isFinished() const override { return false; }
+
+    ui::input::InputPrompt prompt = ui::input::createCurrencyPrompt(1, 99999999, 2, pound, ".");
+};
+
+void BM_KeyIntoCurrencyPromptToPresent(benchmark::State& state) {
+    osal::host::setString(21, "Enter the amount of the sale");
+    bench::Session<AmountScreen> s;
+    bench::keyToPresent(state, *s.graphics, '7');
+}
+BENCHMARK(BM_KeyIntoCurrencyPromptToPresent)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+
+// The keypad thread's share: validate, format and re-wrap the label.
+void BM_InjectKeyIntoCurrencyBox(benchmark::State& state) {
+    bench::Session<AmountScreen> s;
+    ui::TextBox<numeric_policy, format_policy> box(0, 40, 320, 20);
+    box.setSymbol(pound);
+    box.setSeparator(".");
+    box.setExponent(2);
+    for (auto _ : state) {
+        box.clearAll();
+        for (int i = 0; i < 6; ++i)
+            box.injectKey(device::input::KEY_7);
+    }
+    state.SetItemsProcessed(state.iterations() * 6);
+}
+BENCHMARK(BM_InjectKeyIntoCurrencyBox)->Unit(benchmark::kMicrosecond);
+
+void BM_MultiTapStep(benchmark::State& state) {
+    default_alpha_numeric_policy<true, true, true> policy;
+    std::string text;
+    for (auto _ : state) {
+        policy.processKey(text, device::input::KEY_7);
+        if (text.size() > 16)
+            text.clear();
+        benchmark::DoNotOptimize(text);
+    }
+}
+BENCHMARK(BM_MultiTapStep);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,367 @@
+#include "Golden.hpp"
+#include "Support.hpp"
+
+#include "ui/ContactlessStatusIndicator.hpp"
+#include "ui/UserInterface.hpp"
+#include "ui/Window.hpp"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+using ui::State;
+
+// One header redraw as the cardholder sees it: the four LEDs, '1' lit, '0' dark.
+struct LedFrame {
+    Clock::time_point at;
+    std::string leds;
+};
+
+int64_t msOf(Clock::time_point t) {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(t.time_since_epoch()).count();
+}
+
+// The indicator on the full stack: a 24-pixel status bar, the LEDs in its first 100 pixels.
+// LED states are read from the pictures the header really draws (the trace), with the time of
+// each redraw; the waits are real, so every bound allows for a loaded machine.
+class ContactlessTest : public test::PlatformTest {
+protected:
+    ContactlessTest() { openDisplay = false; }
+    void SetUp() override {
+        PlatformTest::SetUp();
+        ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
+        ui_->initialize();
+        graphics = ui::ServiceLocator::getGraphicsService();
+    }
+    void TearDown() override {
+        ui_.reset();
+        PlatformTest::TearDown();
+    }
+
+    void enable(const CtlsStatusIndicatorConfiguration& configuration = {}) {
+        ui_->enableContactless({0, 0, 100, 24}, configuration);
+    }
+    static void set(State state) { ui::ServiceLocator::updateContactlessIndicator(state); }
+
+    // Every header redraw traced so far; each draws the four LEDs, front to back.
+    static std::vector<LedFrame> frames() {
+        std::vector<LedFrame> out;
+        std::string leds;
+        for (const auto& call : xui_host::trace("CanvasDrawImg")) {
+            leds += xui_host::imageFile(call.args.back()) == "res/images/ctls/leds/green.png" ? '1' : '0';
+            if (leds.size() == 4) {
+                out.push_back({call.at, leds});
+                leds.clear();
+            }
+        }
+        return out;
+    }
+    static std::string shown() {
+        const auto all = frames();
+        return all.empty() ? "" : all.back().leds;
+    }
+    static bool showsSoon(const std::string& leds) {
+        return test::eventually([&] { return shown() == leds; });
+    }
+    // The distinct patterns in order, with the time each first appeared.
+    static std::vector<LedFrame> changes() {
+        std::vector<LedFrame> out;
+        for (const auto& f : frames())
+            if (out.empty() || out.back().leds != f.leds)
+                out.push_back(f);
+        return out;
+    }
+    static std::vector<std::string> patterns(const std::vector<LedFrame>& frames) {
+        std::vector<std::string> out;
+        for (const auto& f : frames)
+            out.push_back(f.leds);
+        return out;
+    }
+    // Plays Ready, then starts afresh: no beep, no trace.
+    void ready() {
+        set(State::Ready);
+        ASSERT_TRUE(showsSoon("1000"));
+        osal::host::clearBeeps();
+        xui_host::clearTrace();
+    }
+
+    std::unique_ptr<ui::UserInterface> ui_;
+    ui::IGraphics* graphics = nullptr;
+};
+
+using Patterns = std::vector<std::string>;
+
+TEST_F(ContactlessTest, StartsDark_AndReadyLightsTheFirstLed) {
+    enable();
+    EXPECT_TRUE(showsSoon("0000"));
+    set(State::Ready);
+    EXPECT_TRUE(showsSoon("1000"));
+    set(State::Off);
+    EXPECT_TRUE(showsSoon("0000"));
+    EXPECT_TRUE(osal::host::beeps().empty());
+}
+
+TEST_F(ContactlessTest, HeaderInReady) {
+    enable();
+    ready();
+    auto screen = xui_host::screen();
+    screen.height = 24;
+    screen.argb.resize(size_t(screen.width) * screen.height);
+    EXPECT_TRUE(test::matchesGolden(screen, "header_contactless_ready"));
+}
+
+TEST_F(ContactlessTest, SuccessScheme1_LightsInTurnWithTheTone_AndBlocksUntilDark) {
+    enable();
+    ready();
+    const auto start = Clock::now();
+    set(State::Success);
+    const auto blocked = Clock::now() - start;
+    EXPECT_GE(blocked, 849ms);
+    EXPECT_LT(blocked, 2000ms);
+
+    const auto steps = changes();
+    ASSERT_EQ(patterns(steps), (Patterns{"1100", "1110", "1111", "0000"})); // LED 0 is left as Ready lit it
+    const auto gap = [&](int i) { return steps[i + 1].at - steps[i].at; };
+    EXPECT_GE(gap(0), 99ms);
+    EXPECT_LT(gap(0), 400ms);
+    EXPECT_GE(gap(1), 99ms);
+    EXPECT_LT(gap(1), 400ms);
+    EXPECT_GE(gap(2), 649ms);
+    EXPECT_LT(gap(2), 1000ms);
+    const auto beeps = osal::host::beeps();
+    ASSERT_EQ(beeps.size(), 1u);
+    EXPECT_EQ(beeps[0].frequencyHz, 1500u);
+    EXPECT_EQ(beeps[0].durationMs, 500u);
+    EXPECT_LE(beeps[0].atMs, msOf(steps[0].at)); // sounded with the first LED, before its redraw
+    EXPECT_LT(msOf(steps[0].at) - beeps[0].atMs, 200);
+
+    // Already in Success: nothing plays and nothing blocks.
+    const auto again = Clock::now();
+    set(State::Success);
+    EXPECT_LT(Clock::now() - again, 200ms);
+    EXPECT_EQ(osal::host::beeps().size(), 1u);
+}
+
+TEST_F(ContactlessTest, SuccessScheme2_LightsTwoLeds_AndOtherSchemesPlayNothing) {
+    CtlsStatusIndicatorConfiguration scheme2;
+    scheme2.ledScheme = 2;
+    enable(scheme2);
+    ready();
+    const auto start = Clock::now();
+    set(State::Success);
+    EXPECT_GE(Clock::now() - start, 774ms);
+    const auto steps = changes();
+    ASSERT_EQ(patterns(steps), (Patterns{"1100", "1110", "0000"}));
+    EXPECT_GE(steps[1].at - steps[0].at, 124ms);
+    EXPECT_GE(steps[2].at - steps[1].at, 649ms);
+    EXPECT_EQ(osal::host::beeps().size(), 1u);
+
+    CtlsStatusIndicatorConfiguration scheme3;
+    scheme3.ledScheme = 3;
+    enable(scheme3); // replaces the indicator
+    ready();
+    const auto quick = Clock::now();
+    set(State::Success);
+    EXPECT_LT(Clock::now() - quick, 500ms);
+    EXPECT_TRUE(showsSoon("0000"));
+    EXPECT_TRUE(osal::host::beeps().empty());
+}
+
+TEST_F(ContactlessTest, Idle_FlashesTheFirstLed_AndAChangeEndsTheWaitAtOnce) {
+    CtlsStatusIndicatorConfiguration quick;
+    quick.idlePeriodMs = 300;
+    quick.idleFlashMs = 150;
+    enable(quick);
+    ready();
+    set(State::Idle);
+    ASSERT_TRUE(test::eventually([] { return changes().size() >= 4; })); // dark, lit, dark, lit
+    const auto steps = changes();
+    EXPECT_EQ(patterns(steps)[0], "0000");
+    EXPECT_EQ(patterns(steps)[1], "1000");
+    EXPECT_GE(steps[1].at - steps[0].at, 299ms);
+    EXPECT_GE(steps[2].at - steps[1].at, 149ms);
+    EXPECT_LT(steps[2].at - steps[1].at, 600ms);
+
+    enable(); // the default five seconds of dark
+    set(State::Idle);
+    ASSERT_TRUE(showsSoon("0000"));
+    const auto start = Clock::now();
+    set(State::Ready);
+    ASSERT_TRUE(showsSoon("1000"));
+    EXPECT_LT(Clock::now() - start, 1000ms);
+}
+
+TEST_F(ContactlessTest, Processing_LightsTheSecondLedOnlyInScheme2WhenEnabled) {
+    struct Case {
+        int scheme;
+        bool processingLed;
+        std::string leds;
+    };
+    for (const Case& c : {Case{1, false, "1000"}, Case{1, true, "1000"}, Case{2, false, "1000"},
+                          Case{2, true, "1100"}}) {
+        CtlsStatusIndicatorConfiguration configuration;
+        configuration.ledScheme = c.scheme;
+        configuration.processingLedEnabled = c.processingLed;
+        enable(configuration);
+        ready();
+        set(State::Processing);
+        if (c.leds == "1000") {
+            std::this_thread::sleep_for(50ms); // give a wrong redraw the time to happen
+            EXPECT_TRUE(frames().empty()) << "scheme " << c.scheme;
+        } else {
+            EXPECT_TRUE(showsSoon(c.leds));
+        }
+    }
+}
+
+TEST_F(ContactlessTest, Errors_ShowTheErrorPatternWithTheAlertTone) {
+    struct Case {
+        int scheme;
+        State state;
+        bool alert;
+        std::string leds;
+    };
+    for (const Case& c : {Case{1, State::Error, true, "0000"}, Case{2, State::ErrorAlternate, true, "0001"},
+                          Case{2, State::Error, false, "0001"}}) {
+        CtlsStatusIndicatorConfiguration configuration;
+        configuration.ledScheme = c.scheme;
+        configuration.alertToneEnabled = c.alert;
+        enable(configuration);
+        ready();
+        set(c.state);
+        ASSERT_TRUE(showsSoon(c.leds));
+        const auto beeps = osal::host::beeps();
+        if (!c.alert) {
+            EXPECT_TRUE(beeps.empty());
+            continue;
+        }
+        ASSERT_EQ(beeps.size(), 2u);
+        EXPECT_EQ(beeps[0].frequencyHz, 750u);
+        EXPECT_EQ(beeps[0].durationMs, 200u);
+        EXPECT_GE(beeps[1].atMs - beeps[0].atMs, 400); // the beep and its pause
+        EXPECT_LE(beeps[1].atMs, msOf(frames().back().at)); // the header follows the tone
+    }
+}
+
+TEST_F(ContactlessTest, AChangeMadeWhileTheWorkerIsBusyPlaysOnce) {
+    enable();
+    set(State::Error); // while the worker is still starting: its first round already plays it
+    ASSERT_TRUE(test::eventually([] { return osal::host::beeps().size() >= 2; }));
+    std::this_thread::sleep_for(450ms); // longer than one alert
+    EXPECT_EQ(osal::host::beeps().size(), 2u);
+}
+
+TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeInitializeIsIgnored) {
+    ui_.reset();
+    const int threads = test::threadCount();
+    ui::UserInterface bare(GraphicsDeviceParams{0, 24});
+    bare.enableContactless({0, 0, 100, 24}, {});
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; })); // rendering only
+    set(State::Success); // nobody registered
+
+    ui::ContactlessStatusIndicator idle(0, 0, 100, 24);
+    ui::ServiceLocator::addContactlessStatusIndicator(&idle);
+    const auto start = Clock::now();
+    set(State::Success);
+    EXPECT_LT(Clock::now() - start, 200ms);
+    EXPECT_EQ(idle.getState(), State::Success);
+}
+
+TEST_F(ContactlessTest, AnInvalidConfigurationThrows_StartsNothing_AndStaysRegistered) {
+    const int threads = test::threadCount();
+    CtlsStatusIndicatorConfiguration three;
+    three.ledOnImages.pop_back();
+    ui::ContactlessStatusIndicator indicator(0, 0, 100, 24);
+    try {
+        indicator.initialize(three, graphics);
+        FAIL() << "accepted three LEDs";
+    } catch (const std::runtime_error& e) {
+        EXPECT_STREQ(e.what(), "CtlsStatusIndicator - Invalid LED Configuration");
+    }
+    set(State::Ready);
+    EXPECT_EQ(indicator.getState(), State::Ready);
+    EXPECT_EQ(test::threadCount(), threads);
+}
+
+TEST_F(ContactlessTest, SoundTone_PlaysOnTheCallersThread) {
+    osal::host::useVirtualTime(true); // the pause between alert beeps passes at once
+    ui::ContactlessStatusIndicator indicator(0, 0, 100, 24);
+    indicator.soundTone(ui::Tone::SuccessTone);
+    indicator.soundTone(ui::Tone::AlertTone);
+    indicator.soundTone(static_cast<ui::Tone>(7));
+    auto beeps = osal::host::beeps();
+    ASSERT_EQ(beeps.size(), 3u);
+    EXPECT_EQ(beeps[0].frequencyHz, 1500u);
+    EXPECT_EQ(beeps[1].frequencyHz, 750u);
+    EXPECT_EQ(beeps[2].atMs - beeps[1].atMs, 400);
+
+    CtlsStatusIndicatorConfiguration silent;
+    silent.alertToneEnabled = false;
+    silent.alertToneCount = 5;
+    ui::ContactlessStatusIndicator quiet(0, 0, 100, 24);
+    quiet.initialize(silent, nullptr);
+    osal::host::clearBeeps();
+    quiet.soundTone(ui::Tone::AlertTone);
+    EXPECT_TRUE(osal::host::beeps().empty());
+    quiet.soundTone(ui::Tone::SuccessTone);
+    EXPECT_EQ(osal::host::beeps().size(), 1u);
+}
+
+class MockGraphics : public ui::IGraphics {
+public:
+    MOCK_METHOD(void, reset, (), (override));
+    MOCK_METHOD(void, update, (), (override));
+    MOCK_METHOD(void, render, (ui::Widget*), (override));
+    MOCK_METHOD(void, setWindow, (const std::shared_ptr<ui::Window>&), (override));
+    MOCK_METHOD(void, setContext, (const std::shared_ptr<ui::IContainer>&), (override));
+    MOCK_METHOD(std::shared_ptr<ui::IContainer>, getContext, (), (const, override));
+    MOCK_METHOD(void, waitForDraw, (), (override));
+    MOCK_METHOD(void, updateHeader, (), (override));
+    MOCK_METHOD(unsigned, getScreenWidth, (), (const, override));
+    MOCK_METHOD(unsigned, getScreenHeight, (), (const, override));
+    MOCK_METHOD(std::shared_ptr<ui::Window>, getWindow, (), (const, override));
+    MOCK_METHOD(_XuiWindow*, getRootCanvas, (), (const, override));
+    MOCK_METHOD(void, injectKeyPress, (device::input::Key), (override));
+    MOCK_METHOD(void, reInitializeFrameBuffers, (), (override));
+};
+
+TEST_F(ContactlessTest, UpdateReachesTheGraphicsServiceOnlyOnceTheWorkerRuns) {
+    ::testing::StrictMock<MockGraphics> mock;
+    ui::ContactlessStatusIndicator indicator(0, 0, 100, 24);
+    indicator.update(); // no worker yet: the strict mock would fail on any call
+    std::atomic<int> redraws{0};
+    EXPECT_CALL(mock, updateHeader()).WillRepeatedly([&] { ++redraws; });
+    indicator.initialize({}, &mock);
+    EXPECT_TRUE(test::eventually([&] { return redraws > 0; })); // Off: dark, redrawn
+}
+
+TEST_F(ContactlessTest, DestroyingTheIndicatorReturnsPromptlyInEveryState) {
+    for (State state : {State::Off, State::Idle, State::Ready, State::Processing, State::Error, State::Success,
+                        static_cast<State>(9)}) {
+        enable();
+        set(state);
+        if (state == State::Error) {
+            ASSERT_TRUE(test::eventually([] { return osal::host::beeps().size() == 2; }));
+        }
+        std::this_thread::sleep_for(20ms); // into its wait
+        const auto start = Clock::now();
+        auto window = graphics->getWindow();
+        window->setContactlessStatusIndicator(nullptr); // the last owner: joined here
+        EXPECT_LT(Clock::now() - start, 500ms) << "state " << int(state);
+        set(State::Ready); // the locator no longer reaches it
+        osal::host::clearBeeps();
+    }
+}
+
+TEST_F(ContactlessTest, TeardownWithTheIndicatorRunning_LeavesNoThread) {
+    const int threads = test::threadCount();
+    enable();
+    set(State::Idle);
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; }));
+    ui_.reset();
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads - 2; }));
+}
+
+} // namespace

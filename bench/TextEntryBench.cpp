@@ -35,7 +35,10 @@ void BM_KeyIntoCurrencyPromptToPresent(benchmark::State& state) {
     bench::Session<AmountScreen> s;
     bench::keyToPresent(state, *s.graphics, '7');
 }
-BENCHMARK(BM_KeyIntoCurrencyPromptToPresent)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+BENCHMARK(BM_KeyIntoCurrencyPromptToPresent)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(2000);
 
 // The keypad thread's share: validate, format and re-wrap the label.
 void BM_InjectKeyIntoCurrencyBox(benchmark::State& state) {

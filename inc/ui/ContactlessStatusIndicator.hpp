@@ -146,8 +146,7 @@ public:
 
 private:
     void workerFunc();
-    void round(std::unique_lock<std::mutex>& state, std::unique_lock<std::mutex>& delays,
-               AutomaticResetEvent<>& delay);
+    void round(std::unique_lock<std::mutex>& state, std::mutex& delayMutex, AutomaticResetEvent<>& delay);
     bool waitForChange(std::unique_lock<std::mutex>& state,
                        std::optional<std::chrono::milliseconds> limit = std::nullopt);
     void playAlert();

@@ -115,14 +115,15 @@ void ContactlessStatusIndicator::workerFunc() {
     running_ = true;
     if (stopping_) // destroyed before the worker got going
         running_ = false;
-    // Delays wait on an event that nobody signals, so a state change cannot shorten them.
+    // Delays wait on an event that nobody signals, so a state change cannot shorten them. Its
+    // mutex is taken only around each delay, inside the state mutex, so that the two are always
+    // taken in the same order.
     AutomaticResetEvent<> delay;
     std::mutex delayMutex;
-    std::unique_lock<std::mutex> delays(delayMutex);
     while (running_) {
         try {
             std::unique_lock<std::mutex> state(stateMutex_);
-            round(state, delays, delay);
+            round(state, delayMutex, delay);
         } catch (const std::exception& e) {
             LogException("ctls/ContactlessStatusIndicator", kWorkerErrorLine, e);
         } catch (...) {
@@ -152,11 +153,14 @@ bool ContactlessStatusIndicator::waitForChange(std::unique_lock<std::mutex>& sta
 }
 
 // One round of the worker for the current state, under the state mutex.
-void ContactlessStatusIndicator::round(std::unique_lock<std::mutex>& state,
-                                       std::unique_lock<std::mutex>& delays, AutomaticResetEvent<>& delay) {
+void ContactlessStatusIndicator::round(std::unique_lock<std::mutex>& state, std::mutex& delayMutex,
+                                       AutomaticResetEvent<>& delay) {
     const CtlsStatusIndicatorConfiguration& c = configuration_;
     seen_ = changes_;
-    const auto pause = [&](int milliseconds) { delay.wait_for(delays, ms(milliseconds)); };
+    const auto pause = [&](int milliseconds) {
+        std::unique_lock<std::mutex> delays(delayMutex);
+        delay.wait_for(delays, ms(milliseconds));
+    };
     const auto light = [&](unsigned led) { switchLeds([&](LedStrip& strip) { strip.setLed(led, true); }); };
     const auto allDark = [&] { switchLeds([](LedStrip& strip) { strip.setAll(false); }); };
 

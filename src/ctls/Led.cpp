@@ -2,8 +2,8 @@
 
 namespace ui {
 
-Led::Led(unsigned int x, unsigned int y, unsigned int width, unsigned int height, const std::string& onImagePath,
-         const std::string& offImagePath)
+Led::Led(unsigned int x, unsigned int y, unsigned int width, unsigned int height,
+         const std::string& onImagePath, const std::string& offImagePath)
     : Widget(x, y, width, height), onImage_(onImagePath, x, y, width, height),
       offImage_(offImagePath, x, y, width, height) {}
 

@@ -45,13 +45,19 @@ protected:
     }
     static void set(State state) { ui::ServiceLocator::updateContactlessIndicator(state); }
 
-    // Every header redraw traced so far; each draws the four LEDs, front to back.
+    // Every whole header redraw traced so far: the four LEDs, front to back, at x 6, 31, 56 and
+    // 81. A redraw cut by a clearTrace is left out.
     static std::vector<LedFrame> frames() {
         std::vector<LedFrame> out;
         std::string leds;
         for (const auto& call : xui_host::trace("CanvasDrawImg")) {
+            const std::string x = call.args[1];
+            if (x == "6")
+                leds.clear();
+            else if (leds.empty())
+                continue;
             leds += xui_host::imageFile(call.args.back()) == "res/images/ctls/leds/green.png" ? '1' : '0';
-            if (leds.size() == 4) {
+            if (x == "81") {
                 out.push_back({call.at, leds});
                 leds.clear();
             }
@@ -81,6 +87,7 @@ protected:
     }
     // Plays Ready, then starts afresh: no beep, no trace.
     void ready() {
+        xui_host::clearTrace(); // an earlier indicator may have shown Ready too
         set(State::Ready);
         ASSERT_TRUE(showsSoon("1000"));
         osal::host::clearBeeps();
@@ -199,8 +206,8 @@ TEST_F(ContactlessTest, Processing_LightsTheSecondLedOnlyInScheme2WhenEnabled) {
         bool processingLed;
         std::string leds;
     };
-    for (const Case& c : {Case{1, false, "1000"}, Case{1, true, "1000"}, Case{2, false, "1000"},
-                          Case{2, true, "1100"}}) {
+    for (const Case& c :
+         {Case{1, false, "1000"}, Case{1, true, "1000"}, Case{2, false, "1000"}, Case{2, true, "1100"}}) {
         CtlsStatusIndicatorConfiguration configuration;
         configuration.ledScheme = c.scheme;
         configuration.processingLedEnabled = c.processingLed;
@@ -240,7 +247,7 @@ TEST_F(ContactlessTest, Errors_ShowTheErrorPatternWithTheAlertTone) {
         ASSERT_EQ(beeps.size(), 2u);
         EXPECT_EQ(beeps[0].frequencyHz, 750u);
         EXPECT_EQ(beeps[0].durationMs, 200u);
-        EXPECT_GE(beeps[1].atMs - beeps[0].atMs, 400); // the beep and its pause
+        EXPECT_GE(beeps[1].atMs - beeps[0].atMs, 400);      // the beep and its pause
         EXPECT_LE(beeps[1].atMs, msOf(frames().back().at)); // the header follows the tone
     }
 }
@@ -259,7 +266,7 @@ TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeIni
     ui::UserInterface bare(GraphicsDeviceParams{0, 24});
     bare.enableContactless({0, 0, 100, 24}, {});
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; })); // rendering only
-    set(State::Success); // nobody registered
+    set(State::Success);                                                               // nobody registered
 
     ui::ContactlessStatusIndicator idle(0, 0, 100, 24);
     ui::ServiceLocator::addContactlessStatusIndicator(&idle);
@@ -338,8 +345,8 @@ TEST_F(ContactlessTest, UpdateReachesTheGraphicsServiceOnlyOnceTheWorkerRuns) {
 }
 
 TEST_F(ContactlessTest, DestroyingTheIndicatorReturnsPromptlyInEveryState) {
-    for (State state : {State::Off, State::Idle, State::Ready, State::Processing, State::Error, State::Success,
-                        static_cast<State>(9)}) {
+    for (State state : {State::Off, State::Idle, State::Ready, State::Processing, State::Error,
+                        State::Success, static_cast<State>(9)}) {
         enable();
         set(state);
         if (state == State::Error) {

@@ -55,6 +55,9 @@ void detail::configureContactlessIndicator(const geom::rectangle& area, Window& 
     auto indicator = std::make_shared<ContactlessStatusIndicator>(area.x, area.y, area.width, area.height);
     indicator->initialize(configuration, graphics);
     window.setContactlessStatusIndicator(indicator);
+    // The worker's first redraw may come before the window knows the indicator: show it now.
+    if (graphics)
+        graphics->updateHeader();
 }
 
 UserInterface::UserInterface(const GraphicsDeviceParams& params) : impl_(std::make_unique<impl>(params)) {}

@@ -26,9 +26,9 @@ public:
 class Window;
 
 namespace detail {
-// Creates the indicator in area, starts it and has the window draw it over the header; a
-// second call replaces the first indicator. Throws what ContactlessStatusIndicator::initialize
-// throws.
+// Creates the indicator in area, starts it, has the window draw it over the header and redraws
+// the header; a second call replaces the first indicator. Throws what
+// ContactlessStatusIndicator::initialize throws.
 void configureContactlessIndicator(const geom::rectangle& area, Window& window, IGraphics* graphics,
                                    const CtlsStatusIndicatorConfiguration& configuration);
 } // namespace detail

@@ -11,7 +11,7 @@ const char* const kEthernetOff = "images/header/ethernet/ZEVA_12717_Ethernet_con
 // Shared by every instance: the header holds one.
 ProxyImage icon_on;
 ProxyImage icon_off;
-bool status = false;
+utl::relaxed<bool> status = false; // set by the application, read while drawing
 
 } // namespace
 

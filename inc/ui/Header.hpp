@@ -77,7 +77,7 @@ public:
 private:
     Label countLabel_;
     ProxyImage icon_;
-    int count_ = 0;
+    utl::relaxed<int> count_ = 0;
 };
 
 // Signal strength over the application's images, each covering an equal band of percentages,
@@ -103,7 +103,7 @@ public:
     void draw(_XuiWindow* canvas) override;
 
 private:
-    unsigned int index_ = 0;
+    utl::relaxed<unsigned int> index_ = 0;
     std::vector<Image> images_;
 };
 

@@ -161,7 +161,7 @@ public:
 
 private:
     _XuiWindow* window_;
-    bool visible_ = true;
+    utl::relaxed<bool> visible_ = true;
 };
 
 namespace ui {

@@ -31,19 +31,19 @@ public:
 private:
     unsigned int inset() const { return getWidth() / 100; }
 
-    unsigned int innerX_;
-    unsigned int innerY_;
-    unsigned int innerWidth_;
-    unsigned int innerHeight_;
-    unsigned int barX_;
-    unsigned int barY_;
-    unsigned int barWidth_ = 0;
-    unsigned int barHeight_;
-    unsigned int frameColour_;
-    unsigned int backgroundColour_;
-    unsigned int barColour_;
-    unsigned int fullColour_;
-    unsigned int fullWidth_;
+    utl::relaxed<unsigned int> innerX_;
+    utl::relaxed<unsigned int> innerY_;
+    utl::relaxed<unsigned int> innerWidth_;
+    utl::relaxed<unsigned int> innerHeight_;
+    utl::relaxed<unsigned int> barX_;
+    utl::relaxed<unsigned int> barY_;
+    utl::relaxed<unsigned int> barWidth_ = 0;
+    utl::relaxed<unsigned int> barHeight_;
+    utl::relaxed<unsigned int> frameColour_;
+    utl::relaxed<unsigned int> backgroundColour_;
+    utl::relaxed<unsigned int> barColour_;
+    utl::relaxed<unsigned int> fullColour_;
+    utl::relaxed<unsigned int> fullWidth_;
 };
 
 } // namespace ui

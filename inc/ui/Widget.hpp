@@ -2,6 +2,8 @@
 // shared across the library.
 #pragma once
 
+#include "utl/relaxed.hpp"
+
 #include <osal/input.hpp>
 
 #include <cstdint>
@@ -35,8 +37,9 @@ enum Origin : int {
 };
 } // namespace utils
 
-// A rectangle on a canvas with a visibility flag. Geometry is plain unsigned arithmetic and
-// is not locked: the rendering thread may read it while the application sets it. Widgets
+// A rectangle on a canvas with a visibility flag. Geometry is plain unsigned arithmetic,
+// unlocked: each value is read and written atomically, so the rendering thread may read it
+// while the application sets it (a frame may mix old and new values). Widgets
 // never own the canvas they draw into; draw() must honour the visible flag itself.
 class Widget {
 public:
@@ -62,11 +65,12 @@ protected:
     Widget& operator=(const Widget&) = default;
 
 private:
-    bool visible_ = true;
-    uint32_t x_ = 0;
-    uint32_t y_ = 0;
-    uint32_t width_ = 0;
-    uint32_t height_ = 0;
+    // Set by the application while the rendering thread reads them.
+    utl::relaxed<bool> visible_ = true;
+    utl::relaxed<uint32_t> x_ = 0;
+    utl::relaxed<uint32_t> y_ = 0;
+    utl::relaxed<uint32_t> width_ = 0;
+    utl::relaxed<uint32_t> height_ = 0;
 };
 
 // A screen or the status header: an ordered list of shared children. The application derives

@@ -1,7 +1,7 @@
-// The demo payment application. Headless (the default) it plays a scripted session and saves
-// a screenshot of each step; with --window it runs in a window, the keyboard as keypad.
-#include "DemoApp.hpp"
+// The terminal simulator: the demo payment application on the library, headless (plays a
+// session script and records it) or in a window (the keyboard as keypad).
 #include "SdlWindow.hpp"
+#include "Session.hpp"
 
 #include <osal/host.hpp>
 #include <xui_host.hpp>
@@ -12,93 +12,75 @@
 
 namespace po = boost::program_options;
 
-namespace {
-
-// Plays keys into the keypad and saves what the panel shows after each step.
-class Script {
-public:
-    Script(demo::DemoApp& app, std::string out) : app_(app), out_(std::move(out)) {}
-
-    void press(int code, int times = 1) {
-        for (int i = 0; i < times; ++i) {
-            const int handled = app_.keysHandled();
-            xui_host::pushKey(code);
-            while (app_.keysHandled() == handled)
-                std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-    }
-
-    // Asks for a frame and waits until it is on the panel, so that the picture shows
-    // everything done before the call.
-    bool snapshot(const std::string& name) {
-        const auto frames = xui_host::framesShown();
-        app_.graphics().update();
-        xui_host::waitForFrames(frames + 1, std::chrono::seconds(5));
-        app_.graphics().waitForDraw();
-        const std::string path = out_ + "/" + name + ".png";
-        const bool ok = xui_host::savePng(xui_host::screen(), path);
-        std::cout << (ok ? "wrote " : "cannot write ") << path << "\n";
-        ok_ &= ok;
-        return ok;
-    }
-
-    bool ok() const { return ok_; }
-
-private:
-    demo::DemoApp& app_;
-    std::string out_;
-    bool ok_ = true;
-};
-
-int runHeadless(const std::string& out) {
-    // A fixed moment of the animation, so that the pictures are the same on every run.
-    xui_host::pinAnimationTime(std::chrono::milliseconds(900));
-    demo::DemoApp app;
-    Script script(app, out);
-    script.snapshot("01_idle");
-    script.press(XUI_KEY_ENTER);
-    script.snapshot("02_menu");
-    script.press(XUI_KEY_DOWN, 3); // Refund, then past the disabled Void, Pre-authorisation, Reports
-    script.snapshot("03_menu_scrolled");
-    script.press(XUI_KEY_UP, 3);
-    app.progressObserver = [&](unsigned percent) {
-        if (percent == 50)
-            script.snapshot("04_printing");
-    };
-    script.press(XUI_KEY_ENTER); // Sale
-    app.waitForSale();
-    script.snapshot("05_approved");
-    script.press(XUI_KEY_CANCEL);
-    script.press(XUI_KEY_F1);
-    script.snapshot("06_labels");
-    script.press(XUI_KEY_CANCEL);
-    return script.ok() ? 0 : 1;
-}
-
-} // namespace
-
 int main(int argc, char** argv) {
     po::options_description options("Options");
-    std::string out;
-    unsigned scale = 2;
-    options.add_options()("help,h", "show this help")("window,w", "run in a window, the keyboard as keypad")(
-        "scale", po::value<unsigned>(&scale)->default_value(2), "window pixels per panel pixel")(
-        "out", po::value<std::string>(&out)->default_value("out"), "folder for the headless screenshots");
+    std::string script, out, panel;
+    unsigned zoom = 2;
+    int rotate = 0, statusbar = 32;
+    options.add_options()("help,h", "show this help")           //
+        ("window,w", "run in a window, the keyboard as keypad") //
+        ("script", po::value<std::string>(&script),
+         "session script to play (headless default: "
+         "apps/simulator/demo.session)") //
+        ("out", po::value<std::string>(&out)->default_value("out/demo"),
+         "folder for the recording (headless) or the screenshots (window)")                             //
+        ("zoom", po::value<unsigned>(&zoom)->default_value(2), "window pixels per panel pixel")         //
+        ("panel", po::value<std::string>(&panel)->default_value("320x240"), "panel size, WIDTHxHEIGHT") //
+        ("rotate", po::value<int>(&rotate)->default_value(0), "screen rotation passed to Xui")          //
+        ("statusbar", po::value<int>(&statusbar)->default_value(32), "status-bar height in pixels")     //
+        ("quit-after-script", "window: close once the script has played");
     po::variables_map args;
+    unsigned width = 0, height = 0;
     try {
         po::store(po::parse_command_line(argc, argv, options), args);
         po::notify(args);
+        char x = 0;
+        std::istringstream size(panel);
+        if (!(size >> width >> x >> height) || x != 'x' || width == 0 || height == 0)
+            throw po::error("--panel takes WIDTHxHEIGHT, for example 320x240");
     } catch (const po::error& e) {
         std::cerr << "ui_demo: " << e.what() << "\n" << options;
         return 2;
     }
     if (args.count("help")) {
-        std::cout << "Demo payment application on the terminal UI library.\n"
-                  << "Keys in the window: digits, Enter, Esc (cancel), Backspace (clear), arrows, F1-F4,\n"
-                  << "Q or closing the window quits.\n\n"
+        std::cout << "Payment terminal simulator: the demo payment application on the UI library.\n"
+                  << "Without --window it plays a session script and writes, under --out, a picture per\n"
+                  << "step, session.gif, timeline.txt (LEDs and tones), tones.wav and storyboard.html.\n\n"
+                  << demo::windowKeys() << "\n"
                   << options;
         return 0;
     }
+
+    std::vector<demo::Command> commands;
+    try {
+        if (!script.empty() || !args.count("window"))
+            commands = demo::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
+    } catch (const demo::ScriptError& e) {
+        std::cerr << "ui_demo: " << e.what() << "\n";
+        return 2;
+    }
+
     osal::host::loadStrings("res/strings/en.txt");
-    return args.count("window") ? demo::runWindow(scale) : runHeadless(out);
+    xui_host::setPanelSize(width, height);
+    demo::AppOptions app;
+    app.display = GraphicsDeviceParams{rotate, statusbar};
+    if (args.count("window")) {
+        demo::WindowOptions window;
+        window.app = app;
+        window.zoom = zoom;
+        window.script = commands;
+        window.quitAfterScript = args.count("quit-after-script") > 0;
+        window.screenshots = out;
+        return demo::runWindow(window);
+    }
+    try {
+        const auto result = demo::runSession(commands, {app, out});
+        std::cout << "Played " << result.steps.size() << " steps; wrote " << result.files.size()
+                  << " files to " << out << ":\n  " << out
+                  << "/storyboard.html (open this), session.gif, timeline.txt, tones.wav\n";
+        return 0;
+    } catch (const std::exception& e) {
+        std::cerr << "ui_demo: " << e.what() << "\n";
+        return 1;
+    }
 }

@@ -1,134 +1,299 @@
 #include "SdlWindow.hpp"
-
-#include "DemoApp.hpp"
+#include "Tones.hpp"
 
 #include <osal/host.hpp>
 #include <xui_host.hpp>
 
 #include <SDL.h>
 
-#include <cmath>
+#include <chrono>
+#include <filesystem>
 #include <iostream>
-#include <vector>
+#include <map>
 
 namespace demo {
 namespace {
 
-constexpr int kSampleRate = 22050;
+const std::map<std::string, SDL_Keycode>& scriptKeys() {
+    static const std::map<std::string, SDL_Keycode> keys = {
+        {"ENTER", SDLK_RETURN},    {"CANCEL", SDLK_ESCAPE},
+        {"CLEAR", SDLK_BACKSPACE}, {"UP", SDLK_UP},
+        {"DOWN", SDLK_DOWN},       {"MENU", SDLK_m},
+        {"ALPHA", SDLK_a},         {"STAR", SDLK_KP_MULTIPLY},
+        {"HASH", SDLK_HASH},       {"F1", SDLK_F1},
+        {"F2", SDLK_F2},           {"F3", SDLK_F3},
+        {"F4", SDLK_F4},           {"POWER", SDLK_p}};
+    return keys;
+}
 
 int keypadCode(SDL_Keycode key) {
     if (key >= SDLK_0 && key <= SDLK_9)
         return '0' + (key - SDLK_0);
     if (key >= SDLK_KP_1 && key <= SDLK_KP_9)
         return '1' + (key - SDLK_KP_1);
-    switch (key) {
-    case SDLK_KP_0:
-        return '0';
-    case SDLK_RETURN:
-    case SDLK_KP_ENTER:
-        return XUI_KEY_ENTER;
-    case SDLK_ESCAPE:
-        return XUI_KEY_CANCEL;
-    case SDLK_BACKSPACE:
-        return XUI_KEY_CLEAR;
-    case SDLK_UP:
-        return XUI_KEY_UP;
-    case SDLK_DOWN:
-        return XUI_KEY_DOWN;
-    case SDLK_F1:
-        return XUI_KEY_F1;
-    case SDLK_F2:
-        return XUI_KEY_F1 + 1;
-    case SDLK_F3:
-        return XUI_KEY_F1 + 2;
-    case SDLK_F4:
-        return XUI_KEY_F1 + 3;
-    case SDLK_ASTERISK:
-    case SDLK_KP_MULTIPLY:
-        return XUI_KEY_STAR;
-    case SDLK_HASH:
-        return XUI_KEY_HASH;
-    default:
-        return XUI_KEY_NONE;
-    }
+    static const std::map<SDL_Keycode, int> codes = {{SDLK_KP_0, '0'},
+                                                     {SDLK_RETURN, XUI_KEY_ENTER},
+                                                     {SDLK_KP_ENTER, XUI_KEY_ENTER},
+                                                     {SDLK_ESCAPE, XUI_KEY_CANCEL},
+                                                     {SDLK_BACKSPACE, XUI_KEY_CLEAR},
+                                                     {SDLK_UP, XUI_KEY_UP},
+                                                     {SDLK_DOWN, XUI_KEY_DOWN},
+                                                     {SDLK_m, XUI_KEY_MENU},
+                                                     {SDLK_a, XUI_KEY_ALPHA},
+                                                     {SDLK_F1, XUI_KEY_F1},
+                                                     {SDLK_F2, XUI_KEY_F1 + 1},
+                                                     {SDLK_F3, XUI_KEY_F1 + 2},
+                                                     {SDLK_F4, XUI_KEY_F1 + 3},
+                                                     {SDLK_KP_MULTIPLY, XUI_KEY_STAR},
+                                                     {SDLK_ASTERISK, XUI_KEY_STAR},
+                                                     {SDLK_HASH, XUI_KEY_HASH},
+                                                     {SDLK_p, XUI_KEY_POWER}};
+    const auto it = codes.find(key);
+    return it == codes.end() ? XUI_KEY_NONE : it->second;
 }
 
-// A square wave, as a terminal's buzzer sounds.
-std::vector<int16_t> tone(unsigned frequencyHz, unsigned durationMs) {
-    std::vector<int16_t> samples(size_t(kSampleRate) * durationMs / 1000);
-    const double period = frequencyHz ? double(kSampleRate) / frequencyHz : 1;
-    for (size_t i = 0; i < samples.size(); ++i)
-        samples[i] = std::fmod(double(i), period) < period / 2 ? 4000 : -4000;
-    return samples;
+void pushKeyEvent(SDL_Keycode key) {
+    SDL_Event event{};
+    event.type = SDL_KEYDOWN;
+    event.key.state = SDL_PRESSED;
+    event.key.keysym.sym = key;
+    SDL_PushEvent(&event);
 }
+
+class Terminal {
+public:
+    explicit Terminal(const WindowOptions& options) : options_(options), app_(options.app) {}
+
+    int run() {
+        const auto first = xui_host::screen();
+        width_ = int(first.width);
+        height_ = int(first.height);
+        const int zoom = int(std::max(1u, options_.zoom));
+        window_ = SDL_CreateWindow("Payment terminal simulator", SDL_WINDOWPOS_CENTERED,
+                                   SDL_WINDOWPOS_CENTERED, width_ * zoom, height_ * zoom, 0);
+        renderer_ = window_ ? SDL_CreateRenderer(window_, -1, SDL_RENDERER_SOFTWARE) : nullptr;
+        texture_ = renderer_ ? SDL_CreateTexture(renderer_, SDL_PIXELFORMAT_ARGB8888,
+                                                 SDL_TEXTUREACCESS_STREAMING, width_, height_)
+                             : nullptr;
+        if (!texture_) {
+            std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
+            return 1;
+        }
+        uint64_t minute = SDL_GetTicks64() / 60000;
+        while (running_ && !app_.finished()) {
+            playScript();
+            SDL_Event event;
+            while (SDL_PollEvent(&event))
+                handle(event);
+            // The header's clock shows minutes: redraw it when one turns.
+            if (SDL_GetTicks64() / 60000 != minute) {
+                minute = SDL_GetTicks64() / 60000;
+                app_.refreshHeader();
+            }
+            present();
+            SDL_Delay(16);
+        }
+        return 0;
+    }
+
+    ~Terminal() {
+        if (texture_)
+            SDL_DestroyTexture(texture_);
+        if (renderer_)
+            SDL_DestroyRenderer(renderer_);
+        if (window_)
+            SDL_DestroyWindow(window_);
+    }
+
+private:
+    // One script line per frame; keys go in as keyboard events, like a person's.
+    void playScript() {
+        if (next_ >= options_.script.size()) {
+            if (options_.quitAfterScript && !options_.script.empty() && !shotPending_)
+                running_ = false;
+            return;
+        }
+        if (SDL_GetTicks64() < waitUntil_ || shotPending_)
+            return;
+        app_.waitUntilIdle();
+        if (app_.keysReceived() < keysSent_)
+            return; // the keypad has not taken them all yet
+        const Command& c = options_.script[next_++];
+        switch (c.kind) {
+        case Command::Key:
+            if (c.word.size() == 1)
+                pushKeyEvent(SDLK_0 + (c.word[0] - '0'));
+            else
+                pushKeyEvent(scriptKeys().at(c.word));
+            ++keysSent_;
+            break;
+        case Command::Keys:
+            for (char digit : c.word)
+                pushKeyEvent(SDLK_0 + (digit - '0'));
+            keysSent_ += int(c.word.size());
+            break;
+        case Command::Wait:
+            waitUntil_ = SDL_GetTicks64() + uint64_t(c.number);
+            break;
+        case Command::Tap:
+            app_.tapCard(c.on);
+            break;
+        case Command::Battery:
+            app_.setBattery(int(c.number));
+            break;
+        case Command::Ethernet:
+            app_.setEthernet(c.on);
+            break;
+        case Command::Signal:
+            app_.setSignal(unsigned(c.number));
+            break;
+        case Command::Flight:
+            app_.setFlightMode(c.on);
+            break;
+        case Command::Offline:
+            app_.setOfflineCount(int(c.number));
+            break;
+        case Command::Update:
+            app_.setUpdateAvailable(c.on);
+            break;
+        case Command::Clock:
+            osal::host::pinClock(c.number);
+            app_.refreshHeader();
+            break;
+        case Command::Shot:
+            shotName_ = c.word;
+            shotPending_ = true;
+            waitUntil_ = SDL_GetTicks64() + 100; // let the last change reach the window
+            break;
+        }
+    }
+
+    void handle(const SDL_Event& event) {
+        if (event.type == SDL_QUIT) {
+            running_ = false;
+            return;
+        }
+        if (event.type != SDL_KEYDOWN)
+            return;
+        const SDL_Keycode key = event.key.keysym.sym;
+        switch (key) {
+        case SDLK_q:
+            running_ = false;
+            return;
+        case SDLK_t:
+            app_.tapCard(true);
+            return;
+        case SDLK_d:
+            app_.tapCard(false);
+            return;
+        case SDLK_b:
+            app_.setBattery((app_.battery() + 1) % 7);
+            return;
+        case SDLK_e:
+            app_.setEthernet(!app_.ethernet());
+            return;
+        case SDLK_s:
+            app_.setSignal((app_.signal() + 25) % 125);
+            return;
+        case SDLK_f:
+            app_.setFlightMode(!app_.flightMode());
+            return;
+        case SDLK_o:
+            app_.setOfflineCount((app_.offlineCount() + 1) % 120);
+            return;
+        case SDLK_u:
+            app_.setUpdateAvailable(!app_.updateAvailable());
+            return;
+        case SDLK_F12:
+            shotPending_ = true;
+            return;
+        default:
+            if (const int code = keypadCode(key))
+                xui_host::pushKey(code);
+        }
+    }
+
+    void present() {
+        const auto panel = xui_host::screen();
+        SDL_UpdateTexture(texture_, nullptr, panel.argb.data(), int(panel.width * 4));
+        SDL_RenderClear(renderer_);
+        SDL_RenderCopy(renderer_, texture_, nullptr, nullptr);
+        if (shotPending_ && SDL_GetTicks64() >= waitUntil_)
+            screenshot();
+        SDL_RenderPresent(renderer_);
+    }
+
+    // What the window shows, as a PNG under the screenshot folder.
+    void screenshot() {
+        shotPending_ = false;
+        int w = 0, h = 0;
+        SDL_GetRendererOutputSize(renderer_, &w, &h);
+        xui_host::Pixels shot;
+        shot.width = unsigned(w);
+        shot.height = unsigned(h);
+        shot.argb.resize(size_t(w) * size_t(h));
+        if (SDL_RenderReadPixels(renderer_, nullptr, SDL_PIXELFORMAT_ARGB8888, shot.argb.data(), w * 4) !=
+            0) {
+            std::cerr << "ui_demo: no screenshot: " << SDL_GetError() << "\n";
+            return;
+        }
+        std::filesystem::create_directories(options_.screenshots);
+        const std::string name = shotName_.empty() ? "window_" + std::to_string(++shots_) : shotName_;
+        shotName_.clear();
+        const std::string path = options_.screenshots + "/" + name + ".png";
+        std::cout << (xui_host::savePng(shot, path) ? "wrote " : "cannot write ") << path << std::endl;
+    }
+
+    const WindowOptions& options_;
+    PaymentApp app_;
+    SDL_Window* window_ = nullptr;
+    SDL_Renderer* renderer_ = nullptr;
+    SDL_Texture* texture_ = nullptr;
+    int width_ = 0, height_ = 0;
+    bool running_ = true;
+    size_t next_ = 0;
+    int keysSent_ = 0;
+    uint64_t waitUntil_ = 0;
+    bool shotPending_ = false;
+    std::string shotName_;
+    int shots_ = 0;
+};
 
 } // namespace
 
-int runWindow(unsigned scale) {
-    if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_AUDIO) != 0) {
+const char* windowKeys() {
+    return "Keys in the window: digits, Enter, Esc (cancel), Backspace (clear), arrows, F1-F4, M (menu),\n"
+           "P (power). T taps an approved card, D a declined one. B battery, E Ethernet, S signal,\n"
+           "F flight mode, O offline count, U update. F12 saves a screenshot; Q or closing quits.\n";
+}
+
+int runWindow(const WindowOptions& options) {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
         return 1;
     }
-    SDL_AudioSpec want{}, have{};
-    want.freq = kSampleRate;
-    want.format = AUDIO_S16SYS;
-    want.channels = 1;
-    want.samples = 1024;
-    const SDL_AudioDeviceID audio = SDL_OpenAudioDevice(nullptr, 0, &want, &have, 0);
+    // Sound is a bonus: without a sound card the terminal still runs.
+    SDL_AudioDeviceID audio = 0;
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
+        SDL_AudioSpec want{}, have{};
+        want.freq = kToneSampleRate;
+        want.format = AUDIO_S16SYS;
+        want.channels = 1;
+        want.samples = 1024;
+        audio = SDL_OpenAudioDevice(nullptr, 0, &want, &have, 0);
+    }
     if (audio) {
         SDL_PauseAudioDevice(audio, 0);
         osal::host::setBeepHandler([audio](const osal::host::Beep& beep) {
-            auto samples = tone(beep.frequencyHz, beep.durationMs);
+            std::vector<int16_t> samples;
+            addTone(samples, 0, beep.frequencyHz, beep.durationMs);
             SDL_QueueAudio(audio, samples.data(), Uint32(samples.size() * sizeof(int16_t)));
         });
     }
-
     int result = 0;
     {
-        DemoApp app;
-        const auto first = xui_host::screen();
-        SDL_Window* window =
-            SDL_CreateWindow("Payment terminal simulator", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                             int(first.width * scale), int(first.height * scale), 0);
-        SDL_Renderer* renderer = window ? SDL_CreateRenderer(window, -1, 0) : nullptr;
-        SDL_Texture* texture =
-            renderer ? SDL_CreateTexture(renderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING,
-                                         int(first.width), int(first.height))
-                     : nullptr;
-        if (!texture) {
-            std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
-            result = 1;
-        }
-        bool running = texture != nullptr;
-        uint64_t clockMinute = 0;
-        while (running && !app.finished()) {
-            SDL_Event event;
-            while (SDL_PollEvent(&event)) {
-                if (event.type == SDL_QUIT || (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_q))
-                    running = false;
-                else if (event.type == SDL_KEYDOWN)
-                    if (const int code = keypadCode(event.key.keysym.sym))
-                        xui_host::pushKey(code);
-            }
-            // The clock in the header shows minutes: redraw the header when one turns.
-            const uint64_t minute = SDL_GetTicks64() / 60000;
-            if (minute != clockMinute) {
-                clockMinute = minute;
-                app.refreshHeader();
-            }
-            const auto panel = xui_host::screen();
-            SDL_UpdateTexture(texture, nullptr, panel.argb.data(), int(panel.width * 4));
-            SDL_RenderClear(renderer);
-            SDL_RenderCopy(renderer, texture, nullptr, nullptr);
-            SDL_RenderPresent(renderer);
-            SDL_Delay(16);
-        }
-        if (texture)
-            SDL_DestroyTexture(texture);
-        if (renderer)
-            SDL_DestroyRenderer(renderer);
-        if (window)
-            SDL_DestroyWindow(window);
+        Terminal terminal(options);
+        result = terminal.run();
     }
     osal::host::setBeepHandler(nullptr);
     if (audio)

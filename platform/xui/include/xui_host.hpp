@@ -38,6 +38,10 @@ struct Call {
     std::string str() const;                  // "CanvasDrawText(c1, 0, 0, 20, f1, 0, 0xff000000, \"Hi\")"
 };
 void setTracing(bool enabled); // off by default
+// Called with every Xui call as it is made, on the calling thread, whether or not the trace is
+// on; for recorders that watch a long session without keeping it all. The listener runs with
+// the stand-in's lock held: it must not call Xui (nor xui_host). Null removes it; reset() too.
+void setCallListener(std::function<void(const Call&)> listener);
 void clearTrace();
 std::vector<Call> trace();
 std::vector<Call> trace(const std::string& function); // only the calls of one function

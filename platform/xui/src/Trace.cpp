@@ -3,6 +3,8 @@
 
 #include <condition_variable>
 #include <cstdio>
+#include <functional>
+#include <memory>
 
 namespace xui_impl {
 namespace {
@@ -12,6 +14,7 @@ struct Trace {
     std::condition_variable frameShown;
     bool enabled = false;
     std::vector<xui_host::Call> calls;
+    std::shared_ptr<const std::function<void(const xui_host::Call&)>> listener;
     uint64_t frames = 0;
 };
 
@@ -25,14 +28,21 @@ Trace& tr() {
 bool tracing() {
     auto& t = tr();
     std::lock_guard<std::mutex> lock(t.mutex);
-    return t.enabled;
+    return t.enabled || t.listener;
 }
 
 void record(const char* function, std::vector<std::string> args) {
     auto& t = tr();
-    std::lock_guard<std::mutex> lock(t.mutex);
-    if (t.enabled)
-        t.calls.push_back({function, std::move(args), std::chrono::steady_clock::now()});
+    xui_host::Call call{function, std::move(args), std::chrono::steady_clock::now()};
+    std::shared_ptr<const std::function<void(const xui_host::Call&)>> listener;
+    {
+        std::lock_guard<std::mutex> lock(t.mutex);
+        listener = t.listener;
+        if (t.enabled)
+            t.calls.push_back(call);
+    }
+    if (listener)
+        (*listener)(call);
 }
 
 void noteFrameShown() {
@@ -48,6 +58,7 @@ void traceReset() {
     auto& t = tr();
     std::lock_guard<std::mutex> lock(t.mutex);
     t.enabled = false;
+    t.listener.reset();
     t.calls.clear();
     t.frames = 0;
 }
@@ -106,6 +117,15 @@ void setTracing(bool enabled) {
     auto& t = xui_impl::tr();
     std::lock_guard<std::mutex> lock(t.mutex);
     t.enabled = enabled;
+}
+
+void setCallListener(std::function<void(const Call&)> listener) {
+    auto& t = xui_impl::tr();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    if (listener)
+        t.listener = std::make_shared<const std::function<void(const Call&)>>(std::move(listener));
+    else
+        t.listener.reset();
 }
 
 void clearTrace() {

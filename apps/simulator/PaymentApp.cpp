@@ -1,0 +1,527 @@
+#include "PaymentApp.hpp"
+
+#include <osal/device.hpp>
+#include <osal/localization.hpp>
+#include <osal/resource.hpp>
+
+namespace demo {
+
+using device::input::Key;
+using ui::State;
+
+namespace {
+
+const std::string kRes = "res/";
+
+// String identifiers of res/strings/<language>.txt.
+enum Text : StringId {
+    Welcome = 1,
+    SaleTitle = 2,
+    RefundTitle = 3,
+    Reports = 4,
+    SettingsTitle = 5,
+    Approved = 8,
+    Declined = 9,
+    PleaseWait = 10,
+    PrintingReceipt = 11,
+    RemoveCard = 12,
+    ThankYou = 13,
+    MainMenu = 14,
+    AboutTitle = 20,
+    EnterSaleAmount = 21,
+    EnterRefundAmount = 22,
+    EnterDate = 23,
+    EnterTime = 24,
+    EnterAddress = 25,
+    EnterMerchant = 26,
+    EnterPin = 27,
+    InvalidEntry = 30,
+    Processing = 32,
+    AddressTitle = 34,
+    DateTitle = 35,
+    TimeTitle = 36,
+    MerchantTitle = 37,
+    PinTitle = 38,
+    Saved = 39,
+    PresentCard = 40,
+    MenuHint = 41,
+    AppName = 42,
+    AmountAboveZero = 43,
+    EntryHint = 44,
+    NotAccepted = 45,
+};
+
+std::string text(StringId id) {
+    try {
+        return Localization::getLocalizedString(id);
+    } catch (const LocalizationException&) {
+        return "#" + std::to_string(id); // visible, and the screen still works
+    }
+}
+
+unsigned screenWidth() {
+    return static_cast<unsigned>(GetMainCanvasWidth());
+}
+unsigned screenHeight() {
+    return static_cast<unsigned>(GetMainCanvasHeight());
+}
+
+std::shared_ptr<ui::Label> label(unsigned y, unsigned height, const std::string& s, unsigned size = 20,
+                                 resource::BrandingColorId colour = resource::BRAND_TEXT) {
+    auto l = std::make_shared<ui::Label>(0, y, screenWidth(), height);
+    l->setText(s);
+    l->setHeight(height);
+    l->setAlignment(ui::utils::Centre);
+    l->setFontSize(size);
+    l->setColor(resource::ResourceMapping::getResourceColor(colour));
+    return l;
+}
+
+// The line of key help at the foot of a screen.
+std::shared_ptr<ui::Label> hint(const std::string& s) {
+    return label(screenHeight() - 20, 20, s, 14, resource::BRAND_SECONDARY_TEXT);
+}
+
+std::shared_ptr<ui::Title> title(StringId caption) {
+    return std::make_shared<ui::Title>(caption, nullptr);
+}
+
+std::shared_ptr<ui::ListBox> list(const std::vector<std::pair<std::string, bool>>& entries) {
+    std::vector<ui::ListItem> items;
+    for (size_t i = 0; i < entries.size(); ++i)
+        items.emplace_back(0, 0, screenWidth() - 16, 0,
+                           ui::menu::MenuItem(int(i), entries[i].first, entries[i].second));
+    return std::make_shared<ui::ListBox>(8, 28, screenWidth() - 16, 160, items);
+}
+
+} // namespace
+
+// A screen of the demo. Its keys are handed to the application's thread (see AppThread), so
+// that what they start may block there and may change the indicator's state.
+class DemoScreen : public app::Screen {
+public:
+    explicit DemoScreen(PaymentApp& app) : app_(app) {}
+
+    void handleKeyPress(const Key& key) override {
+        if (key == device::input::KEY_NONE)
+            return;
+        app_.received([this, key] {
+            if (onKey)
+                onKey(key);
+        });
+    }
+    void onShow() override {
+        if (gif)
+            gif->visible(true);
+    }
+    void onHide() override {
+        if (gif)
+            gif->visible(false);
+    }
+
+    std::function<void(Key)> onKey; // on the application's thread
+    std::shared_ptr<ui::GIF> gif;   // shown only while the screen is
+
+private:
+    PaymentApp& app_;
+};
+
+PaymentApp::PaymentApp(const AppOptions& options) : ui_(options.display) {
+    ui_.initialize();
+    graphics_ = ui::ServiceLocator::getGraphicsService();
+    header_ = std::make_shared<app::StatusHeader>(kRes);
+    header_->setBattery(battery_);
+    header_->setEthernet(ethernet_);
+    header_->setSignal(signal_);
+    header_->setFlightMode(flight_);
+    header_->setOfflineCount(offline_);
+    header_->setUpdateAvailable(update_);
+    graphics_->getWindow()->setHeader(header_);
+    ui_.enableContactless(app::StatusHeader::kIndicatorArea, options.indicator);
+    thread_.post([this] { showIdle(); });
+    thread_.waitUntilIdle();
+}
+
+PaymentApp::~PaymentApp() {
+    // No key may reach a screen once the application's thread is gone: unbinding waits for a
+    // key being handled.
+    if (ui::input::KeyBoard* keys = ui::ServiceLocator::getInputService())
+        keys->bind(nullptr);
+    thread_.post([this] {
+        if (current_)
+            current_->onHide(); // a GIF's window lives on the display: close it first
+    });
+    thread_.waitUntilIdle();
+}
+
+void PaymentApp::received(std::function<void()> work) {
+    thread_.post(std::move(work));
+    ++keysReceived_;
+}
+
+void PaymentApp::indicate(ui::State state) {
+    ++indicatorChanges_;
+    ui::ServiceLocator::updateContactlessIndicator(state);
+}
+
+void PaymentApp::show(const std::shared_ptr<DemoScreen>& screen) {
+    if (current_)
+        current_->onHide();
+    current_ = screen;
+    graphics_->setContext(screen);
+    screen->onShow();
+    graphics_->update();
+}
+
+void PaymentApp::header(const std::function<void(app::StatusHeader&)>& change) {
+    thread_.post([this, change] {
+        change(*header_);
+        graphics_->updateHeader();
+    });
+}
+
+void PaymentApp::tapCard(bool approved) {
+    thread_.post([this, approved] {
+        if (awaitingCard_)
+            authorise(approved);
+    });
+}
+
+void PaymentApp::setBattery(int level) {
+    battery_ = level;
+    header([level](app::StatusHeader& h) { h.setBattery(level); });
+}
+void PaymentApp::setEthernet(bool connected) {
+    ethernet_ = connected;
+    header([connected](app::StatusHeader& h) { h.setEthernet(connected); });
+}
+void PaymentApp::setSignal(unsigned percent) {
+    signal_ = percent;
+    header([percent](app::StatusHeader& h) { h.setSignal(percent); });
+}
+void PaymentApp::setFlightMode(bool on) {
+    flight_ = on;
+    header([on](app::StatusHeader& h) { h.setFlightMode(on); });
+}
+void PaymentApp::setOfflineCount(int count) {
+    offline_ = count;
+    header([count](app::StatusHeader& h) { h.setOfflineCount(count); });
+}
+void PaymentApp::setUpdateAvailable(bool available) {
+    update_ = available;
+    header([available](app::StatusHeader& h) { h.setUpdateAvailable(available); });
+}
+void PaymentApp::refreshHeader() {
+    header([](app::StatusHeader&) {});
+}
+
+void PaymentApp::showIdle() {
+    amount_.clear();
+    awaitingCard_ = false;
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(label(8, 30, text(Welcome), 28));
+    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2, 44,
+                                            120, 90);
+    screen->add(screen->gif);
+    auto prompt = std::make_shared<ui::WrappableLabel>(10, 140, screenWidth() - 20, 40, ui::utils::Centre,
+                                                       ui::utils::Centre);
+    prompt->wrapText(text(PresentCard));
+    screen->add(prompt);
+    screen->add(hint(text(MenuHint)));
+    screen->onKey = [this](Key key) {
+        if (key == device::input::KEY_ENTER || key == device::input::KEY_MENU)
+            showMenu();
+        else if (key == device::input::KEY_POWER)
+            finished_ = true;
+    };
+    show(screen);
+    indicate(State::Idle);
+}
+
+void PaymentApp::showMenu() {
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(MainMenu));
+    auto menu = list({{text(SaleTitle), false},
+                      {text(RefundTitle), false},
+                      {text(Reports), true}, // not on this terminal
+                      {text(SettingsTitle), false},
+                      {text(AboutTitle), false}});
+    screen->add(menu);
+    screen->onKey = [this, menu](Key key) {
+        switch (key) {
+        case device::input::KEY_UP:
+            menu->up();
+            graphics_->update();
+            break;
+        case device::input::KEY_DOWN:
+            menu->down();
+            graphics_->update();
+            break;
+        case device::input::KEY_ENTER: {
+            const int chosen = std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
+            if (chosen == 0 || chosen == 1)
+                enterAmount(chosen == 1);
+            else if (chosen == 3)
+                showSettings("", 0);
+            else if (chosen == 4)
+                showAbout();
+            break;
+        }
+        case device::input::KEY_CANCEL:
+            showIdle();
+            break;
+        default:
+            break;
+        }
+    };
+    show(screen);
+}
+
+namespace {
+
+// A screen around one prompt: digits go to the prompt, Clear takes the last one back, Enter
+// hands the entry to done() once it validates (otherwise the error line shows), Cancel leaves.
+void promptKeys(DemoScreen& screen, ui::input::InputPrompt prompt, std::shared_ptr<ui::Label> error,
+                std::function<bool(const std::string&)> done, std::function<void()> back,
+                ui::IGraphics& graphics) {
+    screen.onKey = [prompt, error, done, back, &graphics](Key key) mutable {
+        if (key == device::input::KEY_ENTER) {
+            if (prompt.validateInputText() && done(prompt.getInputText()))
+                return;
+            error->setVisible(true);
+        } else if (key == device::input::KEY_CANCEL) {
+            back();
+            return;
+        } else if (key == device::input::KEY_CLEAR) {
+            prompt.clear();
+            error->setVisible(false);
+        } else {
+            prompt.injectKey(key);
+            error->setVisible(false);
+        }
+        graphics.update();
+    };
+}
+
+// Draws the prompt as part of the screen.
+class PromptWidget : public ui::Widget {
+public:
+    explicit PromptWidget(ui::input::InputPrompt prompt) : Widget(0, 0), prompt_(std::move(prompt)) {}
+    void draw(_XuiWindow* canvas) override {
+        if (isVisible())
+            prompt_.draw(canvas);
+    }
+
+private:
+    ui::input::InputPrompt prompt_;
+};
+
+std::shared_ptr<ui::Label> errorLine(StringId message) {
+    auto error = label(GetMainCanvasHeight() - 48, 20, text(message), 20, resource::BRAND_ERROR);
+    error->setVisible(false);
+    return error;
+}
+
+} // namespace
+
+void PaymentApp::enterAmount(bool refund) {
+    refund_ = refund;
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(refund ? RefundTitle : SaleTitle));
+    // A sale in the terminal's currency without limit; a refund up to 999.99 in the same currency.
+    ui::input::InputPrompt prompt;
+    if (refund) {
+        const localization::Currency currency = Localization::getDefaultCurrency();
+        prompt = ui::input::createCurrencyPrompt(1, 99999, static_cast<unsigned char>(currency.exponent),
+                                                 currency.symbol, currency.separator);
+    } else {
+        prompt = ui::input::createDefaultCurrencyPrompt();
+    }
+    prompt.setText(refund ? EnterRefundAmount : EnterSaleAmount);
+    ui::input::AlignCenter(prompt);
+    screen->add(std::make_shared<PromptWidget>(prompt));
+    auto error = errorLine(AmountAboveZero);
+    screen->add(error);
+    screen->add(hint(text(EntryHint)));
+    promptKeys(
+        *screen, prompt, error,
+        [this](const std::string& amount) {
+            if (amount.find_first_not_of('0') == std::string::npos)
+                return false; // nothing to charge
+            presentCard(amount);
+            return true;
+        },
+        [this] { showMenu(); }, *graphics_);
+    show(screen);
+}
+
+void PaymentApp::presentCard(const std::string& amount) {
+    amount_ = amount;
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(refund_ ? RefundTitle : SaleTitle));
+    screen->add(label(28, 34, default_format_policy().formatValue(amount), 32));
+    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2, 66,
+                                            120, 90);
+    screen->add(screen->gif);
+    screen->add(label(160, 20, text(PresentCard)));
+    screen->add(hint("CANCEL: back"));
+    screen->onKey = [this](Key key) {
+        if (key == device::input::KEY_CANCEL)
+            showIdle();
+    };
+    show(screen);
+    awaitingCard_ = true;
+    indicate(State::Ready);
+}
+
+void PaymentApp::authorise(bool approved) {
+    awaitingCard_ = false;
+    auto waiting = std::make_shared<DemoScreen>(*this);
+    waiting->add(title(refund_ ? RefundTitle : SaleTitle));
+    waiting->add(label(80, 30, text(Processing), 28));
+    waiting->add(label(120, 20, text(PleaseWait)));
+    show(waiting);
+    indicate(State::Processing);
+    device::sleep(300); // the host's answer
+
+    // Everything the result screen will show is on it from the start, hidden until its time:
+    // the rendering thread may be drawing the screen while it changes.
+    auto result = std::make_shared<DemoScreen>(*this);
+    result->add(title(refund_ ? RefundTitle : SaleTitle));
+    result->add(label(40, 40, text(approved ? Approved : Declined), 36,
+                      approved ? resource::BRAND_PROGRESS_FULL : resource::BRAND_ERROR));
+    result->add(label(84, 30, default_format_policy().formatValue(amount_), 24));
+    amount_.clear();
+    auto detail = label(124, 20, text(approved ? PrintingReceipt : NotAccepted));
+    result->add(detail);
+    auto bar = std::make_shared<ui::ProgressBar>(
+        (screenWidth() - 200) / 2, 150, 200, 16,
+        resource::ResourceMapping::getResourceColor(resource::BRAND_PROGRESS_FRAME),
+        resource::ResourceMapping::getResourceColor(resource::BRAND_PROGRESS_BACKGROUND),
+        resource::ResourceMapping::getResourceColor(resource::BRAND_PROGRESS_FILL),
+        resource::ResourceMapping::getResourceColor(resource::BRAND_PROGRESS_FULL));
+    bar->setVisible(false);
+    result->add(bar);
+    auto done = hint("ENTER: done");
+    result->add(done);
+    result->onKey = [this](Key key) {
+        if (key == device::input::KEY_ENTER || key == device::input::KEY_CANCEL)
+            showIdle();
+    };
+    if (!approved) {
+        show(result);
+        // Plays the alert tone before the state change returns.
+        indicate(State::Error);
+        return;
+    }
+    detail->setVisible(false);
+    done->setVisible(false);
+    show(result);
+    // Blocks here, on the application's thread, until the LED sequence has played.
+    indicate(State::Success);
+    detail->setVisible(true);
+    bar->setVisible(true);
+    for (unsigned percent = 0; percent <= 100; percent += 20) {
+        bar->setProgress(percent);
+        graphics_->update();
+        device::sleep(60);
+    }
+    detail->setText(text(RemoveCard) + " - " + text(ThankYou));
+    bar->setVisible(false);
+    done->setVisible(true);
+    graphics_->update();
+}
+
+void PaymentApp::showSettings(const std::string& status, int selected) {
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(SettingsTitle));
+    auto menu = list({{text(AddressTitle), false},
+                      {text(DateTitle), false},
+                      {text(TimeTitle), false},
+                      {text(MerchantTitle), false},
+                      {text(PinTitle), false}});
+    for (int i = 0; i < selected; ++i)
+        menu->down();
+    screen->add(menu);
+    if (!status.empty())
+        screen->add(label(screenHeight() - 44, 20, status, 16, resource::BRAND_ACCENT_TEXT));
+    screen->add(hint("ENTER: change   CANCEL: back"));
+    screen->onKey = [this, menu](Key key) {
+        if (key == device::input::KEY_UP || key == device::input::KEY_DOWN) {
+            key == device::input::KEY_UP ? menu->up() : menu->down();
+            graphics_->update();
+        } else if (key == device::input::KEY_ENTER) {
+            const int chosen = std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
+            editSetting(static_cast<Setting>(chosen));
+        } else if (key == device::input::KEY_CANCEL) {
+            showMenu();
+        }
+    };
+    show(screen);
+}
+
+void PaymentApp::editSetting(Setting setting) {
+    struct Kind {
+        StringId caption, message;
+        std::function<ui::input::InputPrompt()> make;
+        std::function<std::string(const std::string&)> shown; // the value as the list shows it
+    };
+    static const std::map<Setting, Kind> kinds = {
+        {Setting::Address,
+         {AddressTitle, EnterAddress, [] { return ui::input::createNumericIPPrompt(); },
+          [](const std::string& v) { return FormatIPAdressPolicy().formatValue(v); }}},
+        {Setting::Date,
+         {DateTitle, EnterDate, [] { return ui::input::createNumericDatePrompt(); },
+          [](const std::string& v) { return FormatDatePolicy().formatValue(v); }}},
+        {Setting::Time,
+         {TimeTitle, EnterTime, [] { return ui::input::createNumericTimePrompt(); },
+          [](const std::string& v) { return FormatTimePolicy().formatValue(v); }}},
+        // Letters, digits and symbols by multi-tap, 1 to 20 characters.
+        {Setting::Merchant,
+         {MerchantTitle, EnterMerchant, [] { return ui::input::createTextPrompt(true, true, true, 1, 20); },
+          [](const std::string& v) { return v; }}},
+        // Four to six digits, never shown.
+        {Setting::Pin, {PinTitle, EnterPin,
+                        [] {
+                            auto pin = ui::input::createTextPrompt(true, false, false, 4, 6);
+                            pin.maskPrompt(true);
+                            return pin;
+                        },
+                        [](const std::string&) { return std::string(); }}},
+    };
+    const Kind& kind = kinds.at(setting);
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(kind.caption));
+    ui::input::InputPrompt prompt = kind.make();
+    prompt.setText(kind.message);
+    ui::input::AlignCenter(prompt);
+    screen->add(std::make_shared<PromptWidget>(prompt));
+    auto error = errorLine(InvalidEntry);
+    screen->add(error);
+    screen->add(hint(text(EntryHint)));
+    promptKeys(
+        *screen, prompt, error,
+        [this, setting, &kind](const std::string& value) {
+            settings_[setting] = value;
+            showSettings(text(Saved) + ": " + text(kind.caption) + " " + kind.shown(value), int(setting));
+            return true;
+        },
+        [this, setting] { showSettings("", int(setting)); }, *graphics_);
+    show(screen);
+}
+
+void PaymentApp::showAbout() {
+    auto screen = std::make_shared<DemoScreen>(*this);
+    screen->add(title(AboutTitle));
+    screen->add(label(50, 24, text(AppName), 22));
+    screen->add(label(84, 20, "UI library " + getUserInterfaceVersion()));
+    screen->add(label(110, 20, "Contactless indicator: 4 LEDs", 16, resource::BRAND_SECONDARY_TEXT));
+    screen->add(hint("CANCEL: back"));
+    screen->onKey = [this](Key key) {
+        if (key == device::input::KEY_CANCEL || key == device::input::KEY_ENTER)
+            showMenu();
+    };
+    show(screen);
+}
+
+} // namespace demo

@@ -1,0 +1,106 @@
+// The demo payment application: what a payment application on the terminal does with the
+// library, screen by screen. Idle (the status header, the contactless indicator idling, the
+// "present card" animation), the main menu, a sale or refund (amount, present card, approval
+// or decline with the indicator's sequences and tones, the receipt), the settings (IP address,
+// date, time, merchant name by multi-tap, PIN) and the library's version.
+#pragma once
+
+#include "AppThread.hpp"
+#include "Screen.hpp"
+
+#include <ui/ui.hpp>
+
+#include <atomic>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace demo {
+
+class DemoScreen;
+
+struct AppOptions {
+    GraphicsDeviceParams display{0, 32};
+    CtlsStatusIndicatorConfiguration indicator;
+};
+
+class PaymentApp {
+public:
+    // Opens the display, builds every screen and shows the idle one.
+    explicit PaymentApp(const AppOptions& options = {});
+    ~PaymentApp();
+    PaymentApp(const PaymentApp&) = delete;
+    PaymentApp& operator=(const PaymentApp&) = delete;
+
+    // What the world outside the keypad does; callable from any thread, done in order on the
+    // application's thread.
+    void tapCard(bool approved);
+    void setBattery(int level);
+    void setEthernet(bool connected);
+    void setSignal(unsigned percent);
+    void setFlightMode(bool on);
+    void setOfflineCount(int count);
+    void setUpdateAvailable(bool available);
+    // Redraws the header, for a clock that has moved on.
+    void refreshHeader();
+
+    // State changes asked of the contactless indicator so far.
+    int indicatorChanges() const { return indicatorChanges_; }
+    // Keys the screens have taken from the keypad so far.
+    int keysReceived() const { return keysReceived_; }
+    // Returns once the application has done all it was asked (keys received included).
+    void waitUntilIdle() { thread_.waitUntilIdle(); }
+    bool finished() const { return finished_; }
+    ui::IGraphics& graphics() { return *graphics_; }
+    // Where the status header keeps its values, for front ends that show them.
+    const app::StatusHeader& header() const { return *header_; }
+    int battery() const { return battery_; }
+    bool ethernet() const { return ethernet_; }
+    unsigned signal() const { return signal_; }
+    bool flightMode() const { return flight_; }
+    int offlineCount() const { return offline_; }
+    bool updateAvailable() const { return update_; }
+
+private:
+    friend class DemoScreen;
+    enum class Setting { Address, Date, Time, Merchant, Pin };
+
+    void received(std::function<void()> work);
+    void show(const std::shared_ptr<DemoScreen>& screen);
+    void indicate(ui::State state);
+    void header(const std::function<void(app::StatusHeader&)>& change);
+
+    void showIdle();
+    void showMenu();
+    void enterAmount(bool refund);
+    void presentCard(const std::string& amount);
+    void authorise(bool approved);
+    void printReceipt();
+    // With the entry at index selected chosen.
+    void showSettings(const std::string& status, int selected);
+    void editSetting(Setting setting);
+    void showAbout();
+
+    ui::UserInterface ui_;
+    ui::IGraphics* graphics_ = nullptr;
+    std::shared_ptr<app::StatusHeader> header_;
+    std::shared_ptr<DemoScreen> current_;
+    std::map<Setting, std::string> settings_;
+    bool refund_ = false;
+    bool awaitingCard_ = false;
+    std::string amount_;
+    std::atomic<int> keysReceived_{0};
+    std::atomic<int> indicatorChanges_{0};
+    std::atomic<bool> finished_{false};
+    std::atomic<int> battery_{3};
+    std::atomic<bool> ethernet_{true};
+    std::atomic<unsigned> signal_{80};
+    std::atomic<bool> flight_{false};
+    std::atomic<int> offline_{2};
+    std::atomic<bool> update_{true};
+    // Last: the thread stops before anything it works on goes.
+    AppThread thread_;
+};
+
+} // namespace demo

@@ -8,18 +8,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-class Blank : public ui::IContainer {
-public:
-    Blank() : IContainer(0, 0, 320, 216) {}
-    void draw(_XuiWindow*) override {}
-    void handleKeyPress(const device::input::Key&) override {}
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
-};
-
-struct Indicator : bench::Session<Blank> {
+struct Indicator : bench::Session<app::Screen> {
     Indicator() { ui.enableContactless({0, 0, 100, 24}, {}); }
     static void set(ui::State state) { ui::ServiceLocator::updateContactlessIndicator(state); }
 };

@@ -5,9 +5,9 @@
 namespace {
 
 // A full screen of ten labels; each key changes the first label and asks for a redraw.
-class TenLabels : public ui::IContainer {
+class TenLabels : public app::Screen {
 public:
-    TenLabels() : IContainer(0, 0, 320, 216) {
+    TenLabels() : Screen(0, 0, 320, 216) {
         for (unsigned i = 0; i < 10; ++i) {
             auto label = std::make_shared<ui::Label>(4, 2 + i * 21, 312, 20);
             label->setText("Line " + std::to_string(i) + ": card payment terminal");
@@ -22,10 +22,6 @@ public:
         static_cast<ui::Label&>(*widgets[0]).setText("Key " + device::input::getKeyName(key));
         ui::ServiceLocator::getGraphicsService()->update();
     }
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
 };
 
 using Session = bench::Session<TenLabels>;

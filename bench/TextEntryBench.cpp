@@ -7,9 +7,9 @@ namespace {
 const std::string pound = "\xC2\xA3";
 
 // An amount prompt that starts over after six digits, so every key changes the amount shown.
-class AmountScreen : public ui::IContainer {
+class AmountScreen : public app::Screen {
 public:
-    AmountScreen() : IContainer(0, 0, 320, 216) {
+    AmountScreen() : Screen(0, 0, 320, 216) {
         prompt.setText(21);
         ui::input::AlignCenter(prompt);
     }
@@ -22,10 +22,6 @@ public:
         prompt.injectKey(key);
         ui::ServiceLocator::getGraphicsService()->update();
     }
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
 
     ui::input::InputPrompt prompt = ui::input::createCurrencyPrompt(1, 99999999, 2, pound, ".");
 };

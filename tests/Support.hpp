@@ -9,6 +9,8 @@
 #include "ui/Image.hpp"
 #include "ui/Widget.hpp"
 
+#include <Screen.hpp>
+
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -91,10 +93,9 @@ protected:
 };
 
 // A screen that records what happens to it. Hooks run on the thread that draws or reads keys.
-class View : public ui::IContainer {
+class View : public app::Screen {
 public:
-    View() : IContainer(0, 0, 320, 216) {}
-    void add(std::shared_ptr<ui::Widget> widget) { widgets.push_back(std::move(widget)); }
+    View() : Screen(0, 0, 320, 216) {}
 
     void draw(_XuiWindow* canvas) override {
         if (onDraw)
@@ -115,10 +116,6 @@ public:
             onKey(key);
         keyArrived.notify_all();
     }
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
 
     bool waitForKeys(size_t count) {
         std::unique_lock<std::mutex> lock(mutex);

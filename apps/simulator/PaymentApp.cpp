@@ -220,8 +220,8 @@ void PaymentApp::showIdle() {
     awaitingCard_ = false;
     auto screen = std::make_shared<DemoScreen>(*this);
     screen->add(label(8, 30, text(Welcome), 28));
-    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2, 44,
-                                            120, 90);
+    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2,
+                                            44, 120, 90);
     screen->add(screen->gif);
     auto prompt = std::make_shared<ui::WrappableLabel>(10, 140, screenWidth() - 20, 40, ui::utils::Centre,
                                                        ui::utils::Centre);
@@ -258,7 +258,8 @@ void PaymentApp::showMenu() {
             graphics_->update();
             break;
         case device::input::KEY_ENTER: {
-            const int chosen = std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
+            const int chosen =
+                std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
             if (chosen == 0 || chosen == 1)
                 enterAmount(chosen == 1);
             else if (chosen == 3)
@@ -360,8 +361,8 @@ void PaymentApp::presentCard(const std::string& amount) {
     auto screen = std::make_shared<DemoScreen>(*this);
     screen->add(title(refund_ ? RefundTitle : SaleTitle));
     screen->add(label(28, 34, default_format_policy().formatValue(amount), 32));
-    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2, 66,
-                                            120, 90);
+    screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2,
+                                            66, 120, 90);
     screen->add(screen->gif);
     screen->add(label(160, 20, text(PresentCard)));
     screen->add(hint("CANCEL: back"));
@@ -451,7 +452,8 @@ void PaymentApp::showSettings(const std::string& status, int selected) {
             key == device::input::KEY_UP ? menu->up() : menu->down();
             graphics_->update();
         } else if (key == device::input::KEY_ENTER) {
-            const int chosen = std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
+            const int chosen =
+                std::static_pointer_cast<ui::ListItem>(menu->getSelectedElement())->getMenuItem().getId();
             editSetting(static_cast<Setting>(chosen));
         } else if (key == device::input::KEY_CANCEL) {
             showMenu();
@@ -481,13 +483,14 @@ void PaymentApp::editSetting(Setting setting) {
          {MerchantTitle, EnterMerchant, [] { return ui::input::createTextPrompt(true, true, true, 1, 20); },
           [](const std::string& v) { return v; }}},
         // Four to six digits, never shown.
-        {Setting::Pin, {PinTitle, EnterPin,
-                        [] {
-                            auto pin = ui::input::createTextPrompt(true, false, false, 4, 6);
-                            pin.maskPrompt(true);
-                            return pin;
-                        },
-                        [](const std::string&) { return std::string(); }}},
+        {Setting::Pin,
+         {PinTitle, EnterPin,
+          [] {
+              auto pin = ui::input::createTextPrompt(true, false, false, 4, 6);
+              pin.maskPrompt(true);
+              return pin;
+          },
+          [](const std::string&) { return std::string(); }}},
     };
     const Kind& kind = kinds.at(setting);
     auto screen = std::make_shared<DemoScreen>(*this);

@@ -9,9 +9,9 @@
 namespace demo {
 
 const std::vector<std::string>& keyNames() {
-    static const std::vector<std::string> names = {"0",     "1",    "2",     "3",     "4",   "5",  "6",    "7",
-                                                   "8",     "9",    "ENTER", "CANCEL", "CLEAR", "UP", "DOWN", "MENU",
-                                                   "ALPHA", "STAR", "HASH",  "F1",    "F2",  "F3", "F4",   "POWER"};
+    static const std::vector<std::string> names = {
+        "0",     "1",  "2",    "3",    "4",     "5",    "6",    "7",  "8",  "9",  "ENTER", "CANCEL",
+        "CLEAR", "UP", "DOWN", "MENU", "ALPHA", "STAR", "HASH", "F1", "F2", "F3", "F4",    "POWER"};
     return names;
 }
 
@@ -28,12 +28,13 @@ public:
 
     void arguments(size_t count, const std::string& expected) const {
         if (words_.size() - 1 != count)
-            fail(words_[0] + " takes " + std::to_string(count) + " argument" + (count == 1 ? "" : "s") + ", not " +
-                     std::to_string(words_.size() - 1),
+            fail(words_[0] + " takes " + std::to_string(count) + " argument" + (count == 1 ? "" : "s") +
+                     ", not " + std::to_string(words_.size() - 1),
                  expected);
     }
 
-    long long number(const std::string& word, long long min, long long max, const std::string& expected) const {
+    long long number(const std::string& word, long long min, long long max,
+                     const std::string& expected) const {
         long long value = 0;
         size_t used = 0;
         try {
@@ -42,7 +43,8 @@ public:
             used = 0;
         }
         if (used != word.size() || word.empty() || value < min || value > max)
-            fail("\"" + word + "\" is not a number from " + std::to_string(min) + " to " + std::to_string(max),
+            fail("\"" + word + "\" is not a number from " + std::to_string(min) + " to " +
+                     std::to_string(max),
                  expected);
         return value;
     }
@@ -69,14 +71,16 @@ Command parseLine(const LineParser& p) {
         p.arguments(1, "key NAME, with NAME one of 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, F1-F4...");
         const auto& names = keyNames();
         if (std::find(names.begin(), names.end(), w[1]) == names.end())
-            p.fail("unknown key \"" + w[1] + "\"", "one of 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, MENU, ALPHA, STAR, "
-                                                   "HASH, F1-F4, POWER");
+            p.fail("unknown key \"" + w[1] + "\"",
+                   "one of 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, MENU, ALPHA, STAR, "
+                   "HASH, F1-F4, POWER");
         c.kind = Command::Key;
         c.word = w[1];
     } else if (verb == "keys") {
         p.arguments(1, "keys DIGITS, for example keys 1250");
         if (w[1].find_first_not_of("0123456789") != std::string::npos)
-            p.fail("\"" + w[1] + "\" holds something other than digits", "keys DIGITS, for example keys 1250");
+            p.fail("\"" + w[1] + "\" holds something other than digits",
+                   "keys DIGITS, for example keys 1250");
         c.kind = Command::Keys;
         c.word = w[1];
     } else if (verb == "wait") {
@@ -89,13 +93,17 @@ Command parseLine(const LineParser& p) {
         c.kind = Command::Tap;
         c.on = w.size() == 1 || w[1] == "approved";
     } else if (verb == "battery" || verb == "signal" || verb == "offline") {
-        const std::string expected = verb + (verb == "battery" ? " 0-6" : verb == "signal" ? " PERCENT" : " COUNT");
+        const std::string expected = verb + (verb == "battery"  ? " 0-6"
+                                             : verb == "signal" ? " PERCENT"
+                                                                : " COUNT");
         p.arguments(1, expected);
         c.kind = verb == "battery" ? Command::Battery : verb == "signal" ? Command::Signal : Command::Offline;
         c.number = p.number(w[1], 0, verb == "battery" ? 6 : verb == "signal" ? 100 : 9999, expected);
     } else if (verb == "ethernet" || verb == "flight" || verb == "update") {
         p.arguments(1, verb + " on|off");
-        c.kind = verb == "ethernet" ? Command::Ethernet : verb == "flight" ? Command::Flight : Command::Update;
+        c.kind = verb == "ethernet" ? Command::Ethernet
+                 : verb == "flight" ? Command::Flight
+                                    : Command::Update;
         c.on = p.onOff(w[1], verb + " on|off");
     } else if (verb == "clock") {
         const std::string expected = "clock YYYY-MM-DD HH:MM";
@@ -115,8 +123,9 @@ Command parseLine(const LineParser& p) {
         c.kind = Command::Shot;
         c.word = w[1];
     } else {
-        p.fail("unknown command \"" + verb + "\"",
-               "one of key, keys, wait, tap, battery, ethernet, signal, flight, offline, update, clock, shot");
+        p.fail(
+            "unknown command \"" + verb + "\"",
+            "one of key, keys, wait, tap, battery, ethernet, signal, flight, offline, update, clock, shot");
     }
     return c;
 }

@@ -25,10 +25,10 @@ struct Command {
     enum Kind { Key, Keys, Wait, Tap, Battery, Ethernet, Signal, Flight, Offline, Update, Clock, Shot };
     Kind kind = Key;
     int line = 0;
-    std::string text;       // the line as written, without its comment
-    std::string word;       // key name, digits, shot name, clock text
-    long long number = 0;   // wait, battery, signal, offline, clock (local seconds since 1970)
-    bool on = false;        // ethernet, flight, update; tap: approved
+    std::string text;     // the line as written, without its comment
+    std::string word;     // key name, digits, shot name, clock text
+    long long number = 0; // wait, battery, signal, offline, clock (local seconds since 1970)
+    bool on = false;      // ethernet, flight, update; tap: approved
 };
 
 // "demo.session:12: unknown command "prss"; expected one of key, keys, ..."

@@ -275,10 +275,12 @@ void writeStoryboard(const std::string& path, const std::vector<Step>& steps) {
         << "margin-right:4px;background:#263238;border:1px solid #607d8b}.on{background:#00e676}"
         << "code{background:#e6ebf0;padding:2px 6px;border-radius:4px}ul{margin:0;padding-left:18px}"
         << "</style></head><body>\n<h1>Session storyboard</h1>\n"
-        << "<table><tr><th>#</th><th>Action</th><th>Screen</th><th>LEDs</th><th>Tones and LED changes</th></tr>\n";
+        << "<table><tr><th>#</th><th>Action</th><th>Screen</th><th>LEDs</th><th>Tones and LED "
+           "changes</th></tr>\n";
     for (const Step& step : steps) {
-        out << "<tr><td>" << step.number << "</td><td><code>" << html(step.action) << "</code></td><td><img src=\""
-            << step.picture << "\" alt=\"" << html(step.action) << "\"></td><td>";
+        out << "<tr><td>" << step.number << "</td><td><code>" << html(step.action)
+            << "</code></td><td><img src=\"" << step.picture << "\" alt=\"" << html(step.action)
+            << "\"></td><td>";
         for (char led : step.leds)
             out << "<span class=\"led" << (led == '1' ? " on" : "") << "\"></span>";
         out << "</td><td><ul>";
@@ -295,9 +297,10 @@ void writeStoryboard(const std::string& path, const std::vector<Step>& steps) {
 
 int xuiKeyCode(const std::string& name) {
     static const std::map<std::string, int> codes = {
-        {"ENTER", XUI_KEY_ENTER}, {"CANCEL", XUI_KEY_CANCEL}, {"CLEAR", XUI_KEY_CLEAR}, {"UP", XUI_KEY_UP},
-        {"DOWN", XUI_KEY_DOWN},   {"MENU", XUI_KEY_MENU},     {"ALPHA", XUI_KEY_ALPHA}, {"STAR", XUI_KEY_STAR},
-        {"HASH", XUI_KEY_HASH},   {"F1", XUI_KEY_F1},         {"F2", XUI_KEY_F1 + 1},   {"F3", XUI_KEY_F1 + 2},
+        {"ENTER", XUI_KEY_ENTER}, {"CANCEL", XUI_KEY_CANCEL}, {"CLEAR", XUI_KEY_CLEAR},
+        {"UP", XUI_KEY_UP},       {"DOWN", XUI_KEY_DOWN},     {"MENU", XUI_KEY_MENU},
+        {"ALPHA", XUI_KEY_ALPHA}, {"STAR", XUI_KEY_STAR},     {"HASH", XUI_KEY_HASH},
+        {"F1", XUI_KEY_F1},       {"F2", XUI_KEY_F1 + 1},     {"F3", XUI_KEY_F1 + 2},
         {"F4", XUI_KEY_F1 + 3},   {"POWER", XUI_KEY_POWER}};
     if (name.size() == 1 && name[0] >= '0' && name[0] <= '9')
         return name[0];
@@ -340,8 +343,8 @@ SessionResult runSession(const std::vector<Command>& script, const SessionOption
             step.screen = xui_host::screen();
             for (const auto& [at, what] : recorder.take()) {
                 std::ostringstream event;
-                event << "+" << std::setw(4) << std::setfill('0') << std::max<int64_t>(0, at - stepStart) << " ms "
-                      << what;
+                event << "+" << std::setw(4) << std::setfill('0') << std::max<int64_t>(0, at - stepStart)
+                      << " ms " << what;
                 step.events.push_back(event.str());
             }
             step.leds = recorder.leds();

@@ -3,7 +3,8 @@
 namespace app {
 
 Screen::Screen()
-    : Screen(0, 0, static_cast<unsigned>(GetMainCanvasWidth()), static_cast<unsigned>(GetMainCanvasHeight())) {}
+    : Screen(0, 0, static_cast<unsigned>(GetMainCanvasWidth()),
+             static_cast<unsigned>(GetMainCanvasHeight())) {}
 
 Screen::Screen(unsigned x, unsigned y, unsigned width, unsigned height) : IContainer(x, y, width, height) {}
 
@@ -32,13 +33,15 @@ StatusHeader::StatusHeader(const std::string& directory) : Screen(0, 0, 320, 32)
     update_ = std::make_shared<ui::ApplicationUpdate>(198, 4, 24, 24, directory);
     std::vector<ui::Image> bars;
     for (int i = 0; i < 5; ++i)
-        bars.emplace_back(directory + "images/header/signal/signal_" + std::to_string(i) + ".png", 222, 4, 0, 0);
+        bars.emplace_back(directory + "images/header/signal/signal_" + std::to_string(i) + ".png", 222, 4, 0,
+                          0);
     signal_ = std::make_shared<ui::SignalStrength>(ui::geom::rectangle{222, 4, 24, 24}, bars);
     ethernet_ = std::make_shared<ui::Ethernet>(246, 4, 24, 24, directory);
     flight_ = std::make_shared<ui::FlightMode>(270, 4, 24, 24, directory);
     battery_ = std::make_shared<ui::Battery>(294, 4, 24, 24, directory);
     // The clock needs 96 pixels, or its date wraps.
-    widgets = {std::make_shared<ui::Time>(70, 0, 96, 20), offline_, update_, signal_, ethernet_, flight_, battery_};
+    widgets = {
+        std::make_shared<ui::Time>(70, 0, 96, 20), offline_, update_, signal_, ethernet_, flight_, battery_};
 }
 
 void StatusHeader::setBattery(int level) {

@@ -153,36 +153,6 @@ TEST_F(HeaderTest, Format_PadsToTwoDigits) {
 }
 
 // The whole status header, as a person sees it.
-class HeaderStrip : public ui::IContainer {
-public:
-    HeaderStrip() : IContainer(0, 0, 320, 32) {
-        auto offline = std::make_shared<ui::OfflineTransactionStore>(130, 1, 32, 16, kRes);
-        offline->setValue(7);
-        auto update = std::make_shared<ui::ApplicationUpdate>(172, 4, 24, 24, kRes);
-        update->setValue(true);
-        std::vector<ui::Image> bars;
-        for (int i = 0; i < 5; ++i)
-            bars.emplace_back(kRes + "images/header/signal/signal_" + std::to_string(i) + ".png", 198, 4, 0,
-                              0);
-        auto signal = std::make_shared<ui::SignalStrength>(ui::geom::rectangle{198, 4, 24, 24}, bars);
-        signal->setSignal(80);
-        auto ethernet = std::make_shared<ui::Ethernet>(224, 4, 24, 24, kRes);
-        ethernet->setValue(true);
-        auto flight = std::make_shared<ui::FlightMode>(250, 4, 24, 24, kRes);
-        flight->setVisible(true);
-        auto battery = std::make_shared<ui::Battery>(276, 4, 24, 24, kRes);
-        battery->setValue(3);
-        widgets = {
-            std::make_shared<ui::Time>(4, 0, 96, 20), offline, update, signal, ethernet, flight, battery};
-    }
-    void draw(_XuiWindow* canvas) override { drawWidgets(canvas); }
-    void handleKeyPress(const device::input::Key&) override {}
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
-};
-
 TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
     if (batteriesBuilt)
         GTEST_SKIP()
@@ -193,7 +163,14 @@ TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
         ui::UserInterface ui(GraphicsDeviceParams{0, 32});
         ui.initialize();
         ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
-        graphics->getWindow()->setHeader(std::make_shared<HeaderStrip>());
+        auto header = std::make_shared<app::StatusHeader>(kRes);
+        header->setOfflineCount(7);
+        header->setUpdateAvailable(true);
+        header->setSignal(80);
+        header->setEthernet(true);
+        header->setFlightMode(true);
+        header->setBattery(3);
+        graphics->getWindow()->setHeader(header);
         graphics->updateHeader();
         auto screen = xui_host::screen();
         screen.argb.resize(size_t(screen.width) * 32);

@@ -13,9 +13,9 @@ const std::string pound = "\xC2\xA3";
 
 // A screen that shows one prompt and feeds it the keypad's keys, as an application's would:
 // Clear removes a character, Cancel empties the entry, Enter checks it.
-class PromptView : public ui::IContainer {
+class PromptView : public app::Screen {
 public:
-    PromptView() : IContainer(0, 0, 320, 216) {}
+    PromptView() : Screen(0, 0, 320, 216) {}
     void draw(_XuiWindow* canvas) override { prompt.draw(canvas); }
     void handleKeyPress(const Key& key) override {
         if (key == device::input::KEY_NONE)
@@ -29,10 +29,6 @@ public:
         ++handled;
         ui::ServiceLocator::getGraphicsService()->update();
     }
-    void onShow() override {}
-    void onHide() override {}
-    void onRefresh() override {}
-    bool isFinished() const override { return false; }
 
     ui::input::InputPrompt prompt;
     std::atomic<int> handled{0};

@@ -1,0 +1,132 @@
+#include "Golden.hpp"
+#include "Support.hpp"
+
+#include "Script.hpp"
+#include "Session.hpp"
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+std::vector<demo::Command> parse(const std::string& text) {
+    std::istringstream in(text);
+    return demo::parseScript(in, "test.session");
+}
+
+TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
+    const auto commands = parse("# a session\n\nkey ENTER   # the menu\nkeys 0930\nwait 800\ntap\n"
+                                "tap declined\nbattery 6\nethernet off\nsignal 100\nflight on\noffline 12\n"
+                                "update off\nclock 2026-11-22 18:45\nshot receipt_2\n");
+    ASSERT_EQ(commands.size(), 13u);
+    EXPECT_EQ(commands[0].kind, demo::Command::Key);
+    EXPECT_EQ(commands[0].word, "ENTER");
+    EXPECT_EQ(commands[0].line, 3);
+    EXPECT_EQ(commands[0].text, "key ENTER");
+    EXPECT_EQ(commands[1].word, "0930");
+    EXPECT_EQ(commands[2].number, 800);
+    EXPECT_TRUE(commands[3].on);
+    EXPECT_FALSE(commands[4].on);
+    EXPECT_EQ(commands[5].number, 6);
+    EXPECT_FALSE(commands[6].on);
+    EXPECT_EQ(commands[11].number, 1795373100); // 2026-11-22 18:45 local
+    EXPECT_EQ(commands[12].word, "receipt_2");
+}
+
+TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
+    struct Case {
+        std::string line, message;
+    };
+    const Case cases[] = {
+        {"prss ENTER", "test.session:2: unknown command \"prss\"; expected one of key, keys, wait"},
+        {"key ENTRE", "test.session:2: unknown key \"ENTRE\"; expected one of 0-9, ENTER"},
+        {"key", "test.session:2: key takes 1 argument, not 0; expected key NAME"},
+        {"keys 12a", "test.session:2: \"12a\" holds something other than digits; expected keys DIGITS"},
+        {"wait soon", "test.session:2: \"soon\" is not a number from 0 to 60000; expected wait MILLISECONDS"},
+        {"battery 7", "test.session:2: \"7\" is not a number from 0 to 6; expected battery 0-6"},
+        {"flight maybe", "test.session:2: \"maybe\" is neither on nor off; expected flight on|off"},
+        {"tap twice", "test.session:2: a tap is approved or declined; expected tap"},
+        {"clock 2026-13-40 25:00", "test.session:2: \"2026-13-40 25:00\" is not a date and time"},
+        {"shot ../x", "test.session:2: \"../x\" is not a file name"},
+    };
+    for (const auto& c : cases) {
+        try {
+            parse("key ENTER\n" + c.line + "\nkey ENTER\n");
+            ADD_FAILURE() << "accepted: " << c.line;
+        } catch (const demo::ScriptError& e) {
+            EXPECT_EQ(std::string(e.what()).rfind(c.message, 0), 0u) << e.what();
+        }
+    }
+}
+
+std::string readAll(FILE* pipe) {
+    std::string out;
+    char buffer[256];
+    while (size_t n = std::fread(buffer, 1, sizeof buffer, pipe))
+        out.append(buffer, n);
+    return out;
+}
+
+TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
+    const std::string path = test::tempPath("bad.session");
+    std::ofstream(path) << "key ENTER\nkeys 12\nbattery full\n";
+    FILE* pipe = popen((std::string(UI_DEMO) + " --script " + path + " --out " + test::tempPath("bad") + " 2>&1").c_str(),
+                       "r");
+    ASSERT_NE(pipe, nullptr);
+    const std::string output = readAll(pipe);
+    const int status = pclose(pipe);
+    EXPECT_TRUE(WIFEXITED(status)) << "the program crashed";
+    EXPECT_EQ(WEXITSTATUS(status), 2);
+    EXPECT_EQ(output, "ui_demo: " + std::to_string(::getpid()) +
+                          "_bad.session:3: \"full\" is not a number from 0 to 6; expected battery 0-6\n");
+}
+
+// The demo's own session, replayed: every step's screen and the LED-and-tone timeline against
+// the reviewed ones (tests/golden/demo).
+class DemoSessionTest : public test::PlatformTest {
+protected:
+    DemoSessionTest() { openDisplay = false; }
+};
+
+TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
+    osal::host::loadStrings("res/strings/en.txt");
+    const auto result = demo::runSession(demo::loadScript("apps/simulator/demo.session"), {});
+    ASSERT_GT(result.steps.size(), 50u);
+    for (const auto& step : result.steps) {
+        const std::string stem = step.picture.substr(0, step.picture.size() - 4);
+        EXPECT_TRUE(test::matchesGolden(step.screen, "demo/" + stem)) << step.action;
+    }
+    const Lines timeline = demo::timelineLines(result.steps, false);
+    const std::string path = std::string(UI_GOLDEN_DIR) + "/demo/timeline.txt";
+    if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
+        std::ofstream out(path);
+        for (const auto& line : timeline)
+            out << line << "\n";
+    }
+    Lines reviewed;
+    std::ifstream in(path);
+    for (std::string line; std::getline(in, line);)
+        reviewed.push_back(line);
+    EXPECT_EQ(timeline, reviewed) << "the reviewed timeline is " << path;
+}
+
+TEST(SimulatorWindowTest, TypesKeysAsKeyboardEvents_AndSavesWhatTheWindowShows) {
+    const std::string out = test::tempPath("window");
+    const std::string command = "SDL_AUDIODRIVER=dummy xvfb-run -a -s '-screen 0 800x600x24' " + std::string(UI_DEMO) +
+                                " --window --zoom 1 --quit-after-script --script tests/apps/window.session --out " +
+                                out + " 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    const std::string output = readAll(pipe);
+    const int status = pclose(pipe);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << output;
+    const auto shot = xui_host::loadPng(out + "/window_menu.png");
+    ASSERT_FALSE(shot.empty()) << output;
+    // The main menu with Refund chosen, as the panel showed it, pixel for pixel.
+    EXPECT_TRUE(test::matchesGolden(shot, "window_menu"));
+}
+
+} // namespace

@@ -58,7 +58,7 @@ public:
 
     bool openGraphicsDevice();
     void initializeFrameBuffers();
-    void switchBuffers(_XuiWindow** a, _XuiWindow** b);
+    void switchBuffers(_XuiWindow** a, _XuiWindow** b, const geom::rectangle& size);
     void closeGraphicsDevice();
 
 private:
@@ -66,7 +66,10 @@ private:
     void applyBackgrounds();
 
     std::atomic<bool> running{true};
-    bool open = false;
+    std::atomic<bool> open{false};
+    // The canvases' sizes as created: a canvas that Xui has freed behind our back is never read.
+    geom::rectangle mainSize;
+    geom::rectangle headerSize;
     _XuiWindow* mainBack = nullptr;
     _XuiWindow* mainFront = nullptr;
     mutable std::mutex canvasMutex;
@@ -88,10 +91,10 @@ GraphicsDevice::GraphicsDeviceImpl::GraphicsDeviceImpl(const GraphicsDeviceParam
         Xui::ShowWindow(mainFront, 1, 0);
         // The header canvas shown first is the one the first updateHeader draws into.
         Xui::ShowWindow(headerBack, 1, 0);
-        mainCanvasWidth = static_cast<int>(mainBack->width);
-        mainCanvasHeight = static_cast<int>(mainBack->height);
-        headerWidth = static_cast<int>(headerBack->width);
-        headerHeight = static_cast<int>(headerBack->height);
+        mainCanvasWidth = static_cast<int>(mainSize.width);
+        mainCanvasHeight = static_cast<int>(mainSize.height);
+        headerWidth = static_cast<int>(headerSize.width);
+        headerHeight = static_cast<int>(headerSize.height);
     }
     renderThread = utl::thread([this] { renderLoop(); });
 }
@@ -129,13 +132,30 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
         return;
     std::scoped_lock lock(canvasMutex, headerMutex);
     _XuiWindow* root = Xui::RootCanvas();
-    const unsigned width = root->width;
-    const unsigned bar = static_cast<unsigned>(params.statusbar);
-    mainBack = Xui::CreateCanvas(root, 0, 0, width, root->height - bar);
-    mainFront = Xui::CreateCanvas(root, 0, 0, width, root->height - bar);
     _XuiWindow* statusbarCanvas = Xui::StatusbarCanvas();
-    headerBack = Xui::CreateCanvas(statusbarCanvas, 0, 0, width, bar);
-    headerFront = Xui::CreateCanvas(statusbarCanvas, 0, 0, width, bar);
+    if (root && statusbarCanvas) {
+        const unsigned width = root->width;
+        const unsigned bar = static_cast<unsigned>(params.statusbar);
+        mainSize = {0, 0, width, root->height - bar};
+        headerSize = {0, 0, width, bar};
+        mainBack = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
+        mainFront = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
+        headerBack = Xui::CreateCanvas(statusbarCanvas, 0, 0, headerSize.width, headerSize.height);
+        headerFront = Xui::CreateCanvas(statusbarCanvas, 0, 0, headerSize.width, headerSize.height);
+    }
+    if (!mainBack || !mainFront || !headerBack || !headerFront) {
+        // A status bar as high as the panel (or negative) leaves no room for the canvases: the
+        // device stays closed, as when the display does not open, and draws nothing.
+        LOG(LogLevel::Error) << "GraphicsDevice: cannot create the canvases for a status bar of "
+                             << params.statusbar << " pixels";
+        for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
+            if (canvas)
+                Xui::DestroyWindow(canvas);
+        mainBack = mainFront = headerBack = headerFront = nullptr;
+        mainSize = headerSize = {};
+        open = false;
+        return;
+    }
     applyBackgrounds();
 }
 
@@ -150,11 +170,12 @@ void GraphicsDevice::GraphicsDeviceImpl::applyBackgrounds() {
     Xui::CanvasSetBackground(headerFront, XUI_BG_NORMAL, nullptr, header);
 }
 
-void GraphicsDevice::GraphicsDeviceImpl::switchBuffers(_XuiWindow** a, _XuiWindow** b) {
+void GraphicsDevice::GraphicsDeviceImpl::switchBuffers(_XuiWindow** a, _XuiWindow** b,
+                                                       const geom::rectangle& size) {
     std::swap(*a, *b);
     Xui::ShowWindow(*a, 1, 0);
     Xui::ShowWindow(*b, 0, 0);
-    Xui::ClearArea(*b, 0, 0, (*b)->width, (*b)->height);
+    Xui::ClearArea(*b, 0, 0, size.width, size.height);
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::closeGraphicsDevice() {
@@ -164,8 +185,10 @@ void GraphicsDevice::GraphicsDeviceImpl::closeGraphicsDevice() {
         std::scoped_lock lock(canvasMutex, headerMutex);
         // A display closed behind our back took its canvases with it: nothing left to clear.
         if (open && Xui::IsRunning()) {
-            for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
-                Xui::ClearArea(canvas, 0, 0, canvas->width, canvas->height);
+            Xui::ClearArea(mainBack, 0, 0, mainSize.width, mainSize.height);
+            Xui::ClearArea(mainFront, 0, 0, mainSize.width, mainSize.height);
+            Xui::ClearArea(headerBack, 0, 0, headerSize.width, headerSize.height);
+            Xui::ClearArea(headerFront, 0, 0, headerSize.width, headerSize.height);
             for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})
                 Xui::DestroyWindow(canvas);
         }
@@ -186,8 +209,11 @@ void GraphicsDevice::GraphicsDeviceImpl::renderLoop() {
             if (!window)
                 continue;
             std::lock_guard<std::mutex> canvasLock(canvasMutex);
+            // Nothing to draw into: the display did not open, or was closed behind our back.
+            if (!mainBack || !Xui::IsRunning())
+                continue;
             if (window->draw(mainBack))
-                switchBuffers(&mainFront, &mainBack);
+                switchBuffers(&mainFront, &mainBack, mainSize);
         } catch (const std::exception& e) {
             LogException("GraphicsDevice", __LINE__, e);
         } catch (...) {
@@ -208,9 +234,13 @@ void GraphicsDevice::GraphicsDeviceImpl::update() {
 
 void GraphicsDevice::GraphicsDeviceImpl::render(Widget* widget) {
     std::lock_guard<std::mutex> drawing(drawMutex);
-    widget->draw(getRootCanvas());
+    _XuiWindow* canvas = getRootCanvas();
+    if (!widget || !canvas || !Xui::IsRunning())
+        return;
+    widget->draw(canvas);
     std::lock_guard<std::mutex> lock(canvasMutex);
-    switchBuffers(&mainFront, &mainBack);
+    if (mainBack)
+        switchBuffers(&mainFront, &mainBack, mainSize);
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::setWindow(const std::shared_ptr<Window>& w) {
@@ -239,20 +269,20 @@ void GraphicsDevice::GraphicsDeviceImpl::updateHeader() {
     if (!window)
         return;
     std::lock_guard<std::mutex> headerLock(headerMutex);
-    if (!headerBack)
+    if (!headerBack || !Xui::IsRunning())
         return;
     if (window->updateHeader(headerBack))
-        switchBuffers(&headerFront, &headerBack);
+        switchBuffers(&headerFront, &headerBack, headerSize);
 }
 
 unsigned GraphicsDevice::GraphicsDeviceImpl::getScreenWidth() const {
     std::lock_guard<std::mutex> lock(canvasMutex);
-    return Xui::IsRunning() && mainBack ? mainBack->width : 0;
+    return Xui::IsRunning() && mainBack ? mainSize.width : 0;
 }
 
 unsigned GraphicsDevice::GraphicsDeviceImpl::getScreenHeight() const {
     std::lock_guard<std::mutex> lock(canvasMutex);
-    return Xui::IsRunning() && mainBack ? mainBack->height : 0;
+    return Xui::IsRunning() && mainBack ? mainSize.height : 0;
 }
 
 // Lock-free on purpose, so that it may be called from anywhere, key handlers included.
@@ -274,7 +304,12 @@ void GraphicsDevice::GraphicsDeviceImpl::injectKeyPress(device::input::Key key) 
 void GraphicsDevice::GraphicsDeviceImpl::reInitializeFrameBuffers() {
     if (!open)
         return;
-    applyBackgrounds();
+    {
+        std::scoped_lock lock(canvasMutex, headerMutex);
+        if (!mainBack)
+            return;
+        applyBackgrounds();
+    }
     update();
     updateHeader();
 }

@@ -10,11 +10,21 @@
 
 namespace ui {
 
-class Window::WindowImpl {
+class Window::WindowImpl : public std::enable_shared_from_this<WindowImpl> {
 public:
-    WindowImpl(unsigned width, unsigned height) : width_(width), height_(height) {
-        if (input::KeyBoard* keyboard = ServiceLocator::getInputService())
-            keyboard->bind([this](device::input::Key key) { injectKeyPress(key); });
+    WindowImpl(unsigned width, unsigned height) : width_(width), height_(height) {}
+
+    // The keypad holds the window weakly: a key that arrives once the window is gone (replaced
+    // by a second initialize, or destroyed) is dropped, and a window stays alive until the
+    // key it is handling has been handled.
+    void bindKeypad() {
+        if (input::KeyBoard* keyboard = ServiceLocator::getInputService()) {
+            std::weak_ptr<WindowImpl> self = shared_from_this();
+            keyboard->bind([self](device::input::Key key) {
+                if (std::shared_ptr<WindowImpl> window = self.lock())
+                    window->injectKeyPress(key);
+            });
+        }
     }
 
     ~WindowImpl() {
@@ -27,7 +37,9 @@ public:
         std::lock_guard<std::recursive_mutex> lock(viewMutex_);
         if (!view_)
             return false;
-        view_->draw(canvas);
+        // The view may replace itself while it draws: it lives until its draw returns.
+        const std::shared_ptr<IContainer> view = view_;
+        view->draw(canvas);
         return true;
     }
 
@@ -84,7 +96,9 @@ private:
     mutable std::recursive_mutex indicatorMutex_;
 };
 
-Window::Window(unsigned width, unsigned height) : impl_(std::make_unique<WindowImpl>(width, height)) {}
+Window::Window(unsigned width, unsigned height) : impl_(std::make_shared<WindowImpl>(width, height)) {
+    impl_->bindKeypad();
+}
 Window::~Window() = default;
 
 bool Window::draw(_XuiWindow* canvas) {

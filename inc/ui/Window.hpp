@@ -15,8 +15,8 @@ class ContactlessStatusIndicator;
 
 // Created by the user interface after the keypad service, which it binds to: from then on
 // every key goes from the keypad thread straight to the current view. Its locks are
-// recursive so that a view may replace itself while it is drawn or handles a key. It does
-// not unbind from the keypad when destroyed: stop the keypad first.
+// recursive so that a view may replace itself while it is drawn or handles a key. Keys that
+// arrive once the window is gone are dropped.
 class Window {
 public:
     Window(unsigned width, unsigned height);
@@ -42,7 +42,7 @@ public:
 
 private:
     class WindowImpl;
-    std::unique_ptr<WindowImpl> impl_;
+    std::shared_ptr<WindowImpl> impl_; // shared with a key being handled
 };
 
 } // namespace ui

@@ -73,8 +73,9 @@ std::string readAll(FILE* pipe) {
 TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
     const std::string path = test::tempPath("bad.session");
     std::ofstream(path) << "key ENTER\nkeys 12\nbattery full\n";
-    FILE* pipe = popen((std::string(UI_DEMO) + " --script " + path + " --out " + test::tempPath("bad") + " 2>&1").c_str(),
-                       "r");
+    FILE* pipe = popen(
+        (std::string(UI_DEMO) + " --script " + path + " --out " + test::tempPath("bad") + " 2>&1").c_str(),
+        "r");
     ASSERT_NE(pipe, nullptr);
     const std::string output = readAll(pipe);
     const int status = pclose(pipe);
@@ -115,9 +116,9 @@ TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
 
 TEST(SimulatorWindowTest, TypesKeysAsKeyboardEvents_AndSavesWhatTheWindowShows) {
     const std::string out = test::tempPath("window");
-    const std::string command = "SDL_AUDIODRIVER=dummy xvfb-run -a -s '-screen 0 800x600x24' " + std::string(UI_DEMO) +
-                                " --window --zoom 1 --quit-after-script --script tests/apps/window.session --out " +
-                                out + " 2>&1";
+    const std::string command =
+        "SDL_AUDIODRIVER=dummy xvfb-run -a -s '-screen 0 800x600x24' " + std::string(UI_DEMO) +
+        " --window --zoom 1 --quit-after-script --script tests/apps/window.session --out " + out + " 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
     const std::string output = readAll(pipe);

@@ -252,4 +252,70 @@ TEST_F(GraphicsDeviceTest, ClosedDisplay_ReportsZeroSize) {
     EXPECT_EQ(reused.getScreenHeight(), 0u);
 }
 
+// Every operation of a device that has nothing to draw into: it must neither crash nor draw.
+void exerciseEveryOperation(ui::GraphicsDevice& device) {
+    auto window = std::make_shared<ui::Window>(320, 216);
+    auto view = std::make_shared<test::View>();
+    device.setWindow(window);
+    device.setContext(view);
+    EXPECT_EQ(device.getContext(), view);
+    EXPECT_EQ(device.getWindow(), window);
+    window->setHeader(std::make_shared<test::View>());
+    device.update();
+    device.updateHeader();
+    device.render(view.get());
+    device.render(nullptr);
+    device.injectKeyPress(device::input::KEY_1);
+    device.reInitializeFrameBuffers();
+    device.waitForDraw();
+    device.reset();
+    EXPECT_EQ(device.getContext(), nullptr);
+    EXPECT_EQ(device.getScreenWidth(), 0u);
+    EXPECT_EQ(device.getScreenHeight(), 0u);
+    device.update(); // the rendering thread wakes with nothing to draw into
+    device.waitForDraw();
+}
+
+TEST_F(GraphicsDeviceTest, ADisplayThatDoesNotOpen_LeavesADeviceThatDrawsNothing) {
+    device.reset();
+    xui_host::failNextOpen();
+    ui::GraphicsDevice closed(GraphicsDeviceParams{0, 24});
+    EXPECT_FALSE(XuiIsRunning());
+    EXPECT_EQ(closed.getRootCanvas(), nullptr);
+    xui_host::clearTrace();
+    exerciseEveryOperation(closed);
+    for (const auto& call : xui_host::trace())
+        EXPECT_NE(call.function, "ShowWindow") << "presented on a closed display";
+}
+
+TEST_F(GraphicsDeviceTest, AStatusBarWithoutRoomForTheMainArea_LeavesADeviceThatDrawsNothing) {
+    device.reset();
+    for (int statusbar : {-1, 240, 1000}) {
+        XuiClose();
+        ui::GraphicsDevice squeezed(GraphicsDeviceParams{0, statusbar});
+        EXPECT_EQ(squeezed.getRootCanvas(), nullptr) << statusbar;
+        exerciseEveryOperation(squeezed);
+    }
+    const auto lines = log();
+    ASSERT_FALSE(lines.empty());
+    EXPECT_NE(lines.back().find("cannot create the canvases for a status bar of 1000 pixels"),
+              std::string::npos);
+}
+
+TEST_F(GraphicsDeviceTest, XuiClosedBehindTheDevice_NothingIsPresentedOnFreedCanvases) {
+    auto window = withWindow();
+    auto view = std::make_shared<test::View>();
+    device->setContext(view);
+    updateAndWait();
+    XuiClose(); // someone else closes the display: its canvases go with it
+    xui_host::clearTrace();
+    device->update();
+    device->updateHeader();
+    device->render(view.get());
+    device->waitForDraw();
+    device.reset(); // and the teardown skips them too
+    for (const auto& call : xui_host::trace())
+        EXPECT_TRUE(call.function == "Close" || call.function == "IsRunning") << call.str();
+}
+
 } // namespace

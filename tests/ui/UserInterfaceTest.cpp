@@ -75,4 +75,37 @@ TEST_F(UserInterfaceTest, ContactlessChangesBeforeAnIndicatorDoNothing) {
     ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
 }
 
+TEST_F(UserInterfaceTest, ADisplayThatDoesNotOpen_RefusesTheKeypad_AndTearsDownCleanly) {
+    const int threads = test::threadCount();
+    {
+        xui_host::failNextOpen();
+        ui::UserInterface ui(GraphicsDeviceParams{0, 24});
+        const auto size = ui.screenSize();
+        EXPECT_EQ(size.width, 0u);
+        EXPECT_EQ(size.height, 0u);
+        try {
+            ui.initialize();
+            FAIL() << "a keypad without a display";
+        } catch (const XuiException& e) {
+            EXPECT_STREQ(e.what(), "Xui is not running");
+        }
+        ui.enableContactless({0, 0, 100, 24}, {}); // no window: ignored
+    }
+    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads; }));
+}
+
+TEST_F(UserInterfaceTest, ASecondInitialize_SendsKeysToTheNewWindowOnly) {
+    ui::UserInterface ui(GraphicsDeviceParams{0, 24});
+    ui.initialize();
+    ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
+    auto first = std::make_shared<test::View>();
+    graphics->setContext(first);
+    ui.initialize(); // a second keypad and window; the first window goes
+    auto second = std::make_shared<test::View>();
+    graphics->setContext(second);
+    xui_host::pushKey('7');
+    ASSERT_TRUE(second->waitForKeys(1));
+    EXPECT_TRUE(first->receivedKeys().empty());
+}
+
 } // namespace

@@ -93,4 +93,37 @@ TEST_F(WindowTest, AWindowMadeBeforeTheKeypadNeverReceivesKeys) {
     EXPECT_TRUE(view->receivedKeys().empty());
 }
 
+TEST_F(WindowTest, AViewReplacingItselfWhileItDrawsLivesUntilItsDrawReturns) {
+    ui::Window window(320, 216);
+    auto first = std::make_shared<test::View>();
+    std::weak_ptr<test::View> watch = first;
+    bool aliveAfterReplacing = false;
+    first->onDraw = [&](_XuiWindow*) {
+        window.setView(std::make_shared<test::View>());
+        aliveAfterReplacing = !watch.expired();
+    };
+    window.setView(first);
+    first.reset();
+    EXPECT_TRUE(window.draw(nullptr)); // the view goes on drawing its children after replacing itself
+    EXPECT_TRUE(aliveAfterReplacing);
+    EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(WindowTest, AKeyNeverReachesAWindowThatIsGone) {
+    auto keyboard = std::make_shared<ui::input::KeyBoard>();
+    auto view = std::make_shared<test::View>();
+    {
+        ui::Window gone(320, 216); // binds the keypad, then goes
+        gone.setView(view);
+    }
+    xui_host::pushKey('1');
+    ASSERT_TRUE(test::eventually([] { return xui_host::keysRead() == 1; }));
+    ui::Window current(320, 216); // binding again delivers again
+    current.setView(view);
+    xui_host::pushKey('2');
+    ASSERT_TRUE(view->waitForKeys(1));
+    keyboard.reset();
+    EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_2}));
+}
+
 } // namespace

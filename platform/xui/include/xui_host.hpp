@@ -15,6 +15,10 @@ namespace xui_host {
 // Panel size before rotation, used by the next XuiOpen. Default 320 x 240.
 void setPanelSize(unsigned width, unsigned height);
 
+// Makes the next XuiOpen fail (it returns -1 and the display stays closed), as a terminal
+// whose display cannot start.
+void failNextOpen();
+
 // Closes the display if open, empties the key queue and the trace, restores the defaults
 // (panel size, key wait limit, animation clock). Fonts stay: the library caches their handles.
 void reset();

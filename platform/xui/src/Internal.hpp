@@ -82,6 +82,7 @@ struct State {
     int nextFontId = 1;
     std::map<int, std::string> statusbarIcons;
     std::map<int, std::string> imageFiles; // image id -> the file it was loaded from
+    bool failNextOpen = false;
     bool animationPinned = false;
     std::chrono::milliseconds pinnedAnimationTime{0};
 };

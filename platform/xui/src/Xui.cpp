@@ -78,6 +78,10 @@ int XuiOpen(int argc, char** argv) {
             record("Open", traced);
         if (s.open)
             return 0;
+        if (s.failNextOpen) {
+            s.failNextOpen = false;
+            return -1;
+        }
         const int rotate = parseArgument(argc, argv, "ROTATE=", 0);
         unsigned w = s.panelWidth, h = s.panelHeight;
         if (rotate == 90 || rotate == 270)
@@ -156,7 +160,8 @@ XuiWindow* XuiCreateCanvas(XuiWindow* parent, unsigned x, unsigned y, unsigned w
     Lock lock(s.mutex);
     TRACE(arg(parent), arg(x), arg(y), arg(width), arg(height));
     Canvas* p = findCanvas(parent);
-    if (!p || uint64_t(width) * height > 64ull * 1024 * 1024)
+    // Like the terminal's, a canvas needs an area, and one no larger than 64 M pixels.
+    if (!p || width == 0 || height == 0 || uint64_t(width) * height > 64ull * 1024 * 1024)
         return nullptr;
     Canvas* c = createCanvas(p, x, y, width, height);
     return c;
@@ -575,6 +580,7 @@ void reset() {
         s.panelHeight = 240;
         s.statusbarIcons.clear();
         s.imageFiles.clear();
+        s.failNextOpen = false;
         s.animationPinned = false;
     }
     keysReset();
@@ -631,6 +637,12 @@ void unpinAnimationTime() {
     auto& s = state();
     Lock lock(s.mutex);
     s.animationPinned = false;
+}
+
+void failNextOpen() {
+    auto& s = state();
+    Lock lock(s.mutex);
+    s.failNextOpen = true;
 }
 
 std::string imageFile(const std::string& name) {

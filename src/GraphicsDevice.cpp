@@ -133,7 +133,9 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
     std::scoped_lock lock(canvasMutex, headerMutex);
     _XuiWindow* root = Xui::RootCanvas();
     _XuiWindow* statusbarCanvas = Xui::StatusbarCanvas();
-    if (root && statusbarCanvas) {
+    // A status bar as high as the panel, or higher, or negative, leaves no room for the main
+    // area (and unsigned arithmetic would ask for a huge one).
+    if (root && statusbarCanvas && params.statusbar >= 0 && unsigned(params.statusbar) < root->height) {
         const unsigned width = root->width;
         const unsigned bar = static_cast<unsigned>(params.statusbar);
         mainSize = {0, 0, width, root->height - bar};
@@ -144,8 +146,7 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
         headerFront = Xui::CreateCanvas(statusbarCanvas, 0, 0, headerSize.width, headerSize.height);
     }
     if (!mainBack || !mainFront || !headerBack || !headerFront) {
-        // A status bar as high as the panel (or negative) leaves no room for the canvases: the
-        // device stays closed, as when the display does not open, and draws nothing.
+        // The device stays closed, as when the display does not open, and draws nothing.
         LOG(LogLevel::Error) << "GraphicsDevice: cannot create the canvases for a status bar of "
                              << params.statusbar << " pixels";
         for (_XuiWindow* canvas : {mainBack, mainFront, headerBack, headerFront})

@@ -160,8 +160,7 @@ XuiWindow* XuiCreateCanvas(XuiWindow* parent, unsigned x, unsigned y, unsigned w
     Lock lock(s.mutex);
     TRACE(arg(parent), arg(x), arg(y), arg(width), arg(height));
     Canvas* p = findCanvas(parent);
-    // Like the terminal's, a canvas needs an area, and one no larger than 64 M pixels.
-    if (!p || width == 0 || height == 0 || uint64_t(width) * height > 64ull * 1024 * 1024)
+    if (!p || uint64_t(width) * height > 64ull * 1024 * 1024)
         return nullptr;
     Canvas* c = createCanvas(p, x, y, width, height);
     return c;

@@ -49,6 +49,8 @@ Time::Time(unsigned int x, unsigned int y, unsigned int width, unsigned int heig
 Time::~Time() = default;
 
 void Time::draw(_XuiWindow* window) {
+    if (!isVisible())
+        return;
     const boost::posix_time::ptime now = date_time::ptime_from_epoch(date_time::getLocalTime().get());
     const auto clock = now.time_of_day();
     const auto date = now.date();

@@ -1,5 +1,9 @@
 #include "ui/Xui.hpp"
 
+#include <osal/log.hpp>
+
+#include <atomic>
+
 namespace ui {
 
 std::mutex Xui::xuiMutex_;
@@ -176,8 +180,14 @@ unsigned getFontSize() {
 }
 
 _XuiFont* getFont() {
-    if (!cachedFont)
+    if (!cachedFont) {
         cachedFont = Xui::CreateFont(fontPath, 0, XUI_FONT_SET_DEFAULT);
+        // Text then measures 0 and draws nothing; say why, once.
+        static std::atomic<bool> reported{false};
+        if (!cachedFont && !reported.exchange(true)) {
+            LOG(LogLevel::Error) << "fonts: cannot load " << fontPath << "; text will not be drawn";
+        }
+    }
     return cachedFont;
 }
 
@@ -199,7 +209,9 @@ unsigned GetTextWidth(const char* text) {
 }
 
 unsigned GetTextWidth(const char* text, unsigned size) {
-    return static_cast<unsigned>(Xui::TextWidth(getFont(), static_cast<int>(size), text));
+    // Xui's failure (-1, without a font) must not read as a width of four billion pixels.
+    const int width = Xui::TextWidth(getFont(), static_cast<int>(size), text);
+    return width < 0 ? 0 : static_cast<unsigned>(width);
 }
 
 } // namespace fonts

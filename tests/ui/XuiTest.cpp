@@ -1,6 +1,9 @@
 #include "Support.hpp"
 
+#include "ui/Label.hpp"
 #include "ui/Xui.hpp"
+
+#include <unistd.h>
 
 #include <thread>
 
@@ -54,6 +57,39 @@ TEST_F(XuiWrapper, Calls_AreSerialisedButGetKeyIsNot) {
     EXPECT_NE(ui::Xui::RootCanvas(), nullptr);
     xui_host::pushKey('5');
     reader.join();
+}
+
+} // namespace
+
+namespace {
+
+// In a process of its own (the font is cached for the process), started where there is no
+// ./res: every text path keeps working, measures nothing, and the missing font is logged once.
+TEST(FontFaultTest, AMissingFont_IsLoggedOnce_AndTextStillFlows) {
+    EXPECT_EXIT(
+        {
+            std::vector<std::string> lines;
+            osal::host::setLogSink([&](LogLevel, const std::string& line) { lines.push_back(line); });
+            const std::string elsewhere = ::testing::TempDir();
+            if (chdir(elsewhere.c_str()) != 0)
+                std::_Exit(3);
+            char bar[] = "STATUSBAR=24";
+            char* argv[] = {bar};
+            XuiOpen(1, argv);
+            ui::Label label(0, 0, 100, 20);
+            label.setText("Present your card");
+            label.draw(XuiRootCanvas());
+            const bool measuresNothing = ui::fonts::GetTextWidth("Card") == 0;
+            const bool oneLine = label.getText() == "Present your card";
+            XuiClose();
+            const bool loggedOnce =
+                lines.size() == 1 &&
+                lines[0].find("cannot load ./res/Carlito-Regular.ttf") != std::string::npos;
+            std::fprintf(stderr, "measures nothing %d, one line %d, logged once %d\n", measuresNothing,
+                         oneLine, loggedOnce);
+            std::_Exit(measuresNothing && oneLine && loggedOnce ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
 }
 
 } // namespace

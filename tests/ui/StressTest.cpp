@@ -126,7 +126,8 @@ TEST_F(StressTest, EveryThreadAtOnce_NoStallNoCrash) {
     });
     uint64_t pushed = 0;
     add("keys", [&](std::mt19937& random) {
-        static const int codes[] = {'1', '2', '5', '0', XUI_KEY_CLEAR, XUI_KEY_CANCEL, XUI_KEY_UP, XUI_KEY_DOWN};
+        static const int codes[] = {'1',        '2',         '5', '0', XUI_KEY_CLEAR, XUI_KEY_CANCEL,
+                                    XUI_KEY_UP, XUI_KEY_DOWN};
         xui_host::pushKey(codes[random() % 8]);
         ++pushed;
         // Never further ahead of the keypad than a person could be.

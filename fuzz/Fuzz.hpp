@@ -26,7 +26,9 @@ void openDisplay();
 
 #ifdef UI_LIBFUZZER
 #define UI_FUZZ_TARGET(name, function)                                                                       \
-    extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) { return function(data, size); }
+    extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {                                \
+        return function(data, size);                                                                         \
+    }
 #else
 #define UI_FUZZ_TARGET(name, function) static const fuzz::Registration registration_##name(#name, function);
 #endif

@@ -21,7 +21,8 @@ int main(int argc, char** argv) {
     for (int i = 2; i < argc; ++i)
         for (const auto& file : std::filesystem::directory_iterator(argv[i])) {
             std::ifstream in(file.path(), std::ios::binary);
-            const std::vector<uint8_t> data{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+            const std::vector<uint8_t> data{std::istreambuf_iterator<char>(in),
+                                            std::istreambuf_iterator<char>()};
             target(data.data(), data.size());
             ++inputs;
         }

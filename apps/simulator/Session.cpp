@@ -12,6 +12,7 @@
 #include <iomanip>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <sstream>
 #include <thread>
 
@@ -320,9 +321,24 @@ std::vector<std::string> timelineLines(const std::vector<Step>& steps, bool with
     return lines;
 }
 
+namespace {
+
+// The fixed clock and animation of a recording, released however the session ends.
+struct PinnedTime {
+    PinnedTime() {
+        osal::host::pinClock(kSessionClock);
+        xui_host::pinAnimationTime(900ms);
+    }
+    ~PinnedTime() {
+        xui_host::unpinAnimationTime();
+        osal::host::unpinClock();
+    }
+};
+
+} // namespace
+
 SessionResult runSession(const std::vector<Command>& script, const SessionOptions& options) {
-    osal::host::pinClock(kSessionClock);
-    xui_host::pinAnimationTime(900ms);
+    std::optional<PinnedTime> pinned(std::in_place);
     AppOptions appOptions = options.app;
     appOptions.indicator.idlePeriodMs = 60000;
 
@@ -366,8 +382,7 @@ SessionResult runSession(const std::vector<Command>& script, const SessionOption
         }
     }
     const int64_t endMs = steadyMs(Clock::now());
-    xui_host::unpinAnimationTime();
-    osal::host::unpinClock();
+    pinned.reset();
 
     if (options.out.empty())
         return result;

@@ -47,6 +47,8 @@ public:
 
     // State changes asked of the contactless indicator so far.
     int indicatorChanges() const { return indicatorChanges_; }
+    // Frames in which the rendering thread has drawn one of the application's screens.
+    int framesDrawn() const { return framesDrawn_; }
     // Keys the screens have taken from the keypad so far.
     int keysReceived() const { return keysReceived_; }
     // Returns once the application has done all it was asked (keys received included).
@@ -92,6 +94,7 @@ private:
     std::string amount_;
     std::atomic<int> keysReceived_{0};
     std::atomic<int> indicatorChanges_{0};
+    std::atomic<int> framesDrawn_{0};
     std::atomic<bool> finished_{false};
     std::atomic<int> battery_{3};
     std::atomic<bool> ethernet_{true};

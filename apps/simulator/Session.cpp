@@ -134,15 +134,19 @@ void fail(const Command& c, const std::string& what) {
     throw ScriptError("line " + std::to_string(c.line) + " (" + c.text + "): " + what);
 }
 
-// Everything asked of the application is done and on the panel.
+// Everything asked of the application is done and on the panel: a frame of the current screen
+// begun after the request has been drawn and presented. (Header redraws present frames too, so
+// the panel's frame count cannot tell.)
 void settle(PaymentApp& app) {
     app.waitUntilIdle();
     ui::IGraphics& graphics = app.graphics();
-    graphics.waitForDraw();
-    const uint64_t frames = xui_host::framesShown();
+    graphics.waitForDraw(); // a draw in progress is from before the request
+    const int drawn = app.framesDrawn();
     graphics.update();
-    xui_host::waitForFrames(frames + 1, 5s);
-    graphics.waitForDraw();
+    const auto deadline = Clock::now() + 5s;
+    while (app.framesDrawn() == drawn && Clock::now() < deadline)
+        std::this_thread::sleep_for(1ms);
+    graphics.waitForDraw(); // and presented
 }
 
 void press(PaymentApp& app, const Command& c, int code) {
@@ -275,13 +279,14 @@ void writeStoryboard(const std::string& path, const std::vector<Step>& steps) {
         << "box-shadow:0 1px 4px #0003}.led{display:inline-block;width:14px;height:14px;border-radius:50%;"
         << "margin-right:4px;background:#263238;border:1px solid #607d8b}.on{background:#00e676}"
         << "code{background:#e6ebf0;padding:2px 6px;border-radius:4px}ul{margin:0;padding-left:18px}"
+        << ".leds{white-space:nowrap}"
         << "</style></head><body>\n<h1>Session storyboard</h1>\n"
         << "<table><tr><th>#</th><th>Action</th><th>Screen</th><th>LEDs</th><th>Tones and LED "
            "changes</th></tr>\n";
     for (const Step& step : steps) {
         out << "<tr><td>" << step.number << "</td><td><code>" << html(step.action)
             << "</code></td><td><img src=\"" << step.picture << "\" alt=\"" << html(step.action)
-            << "\"></td><td>";
+            << "\"></td><td class=\"leds\">";
         for (char led : step.leds)
             out << "<span class=\"led" << (led == '1' ? " on" : "") << "\"></span>";
         out << "</td><td><ul>";

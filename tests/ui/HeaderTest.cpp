@@ -138,6 +138,13 @@ TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
     osal::host::pinClock(k0905on7March2025);
     clock.setVisible(false);
     EXPECT_TRUE(drawnTexts(clock).empty());
+
+    // Every clock shares one pair of labels, placed by the last one built.
+    ui::Time second(150, 0, 96, 20);
+    clock.setVisible(true);
+    const auto calls = test::drawCalls(clock, "CanvasDrawText");
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].args[1], std::to_string(150 + 48 - ui::fonts::GetTextWidth("09:05") / 2));
 }
 
 TEST_F(HeaderTest, Format_PadsToTwoDigits) {

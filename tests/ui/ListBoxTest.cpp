@@ -107,13 +107,18 @@ TEST_F(ListBoxTest, AShortListDrawsOnlyItsItems_AndEmptyListsNothing) {
     EXPECT_TRUE(rows(tooLow).empty());
 }
 
-TEST_F(ListBoxTest, SetListItems_IgnoresAnEmptyList_AndRestartsOtherwise) {
+TEST_F(ListBoxTest, SetListItems_IgnoresAnEmptyList_AndRecomputesTheRows_TheSizeSettersDoNot) {
     ui::ListBox list(0, 0, 200, 100, makeItems(10));
+    const Rows before = rows(list);
+    list.setHeight(300);
+    list.setWidth(50);
+    EXPECT_EQ(rows(list), before); // the window of rows stays as it was computed
     list.down();
     list.setListItems({});
     EXPECT_EQ(selectedId(list), 1);
-    list.setListItems(makeItems(3));
-    EXPECT_EQ(rows(list), (Rows{"0*", "1", "2"}));
+    list.setListItems(makeItems(10)); // recomputed for the new height, from the first item
+    EXPECT_GT(rows(list).size(), before.size());
+    EXPECT_EQ(rows(list).front(), "0*");
 }
 
 TEST_F(ListBoxTest, Getters_ReturnIndependentCopies) {

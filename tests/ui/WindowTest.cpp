@@ -1,5 +1,7 @@
 #include "Support.hpp"
 
+#include <future>
+
 #include "ui/ContactlessStatusIndicator.hpp"
 #include "ui/KeyBoard.hpp"
 #include "ui/Window.hpp"
@@ -35,12 +37,17 @@ TEST_F(WindowTest, UpdateHeader_IsAlwaysTrue_AndDrawsWhatIsSet) {
 
 TEST_F(WindowTest, SetView_ReleasesTheOldViewFirst) {
     ui::Window window(320, 216);
-    auto old = std::make_shared<test::View>();
-    std::weak_ptr<test::View> watch = old;
-    window.setView(old);
-    old.reset();
+    // A view that, as it goes, looks at what the window holds.
+    struct Watched : test::View {
+        Watched(ui::Window& w, bool& empty) : window(w), emptyWhenDestroyed(empty) {}
+        ~Watched() override { emptyWhenDestroyed = window.getView() == nullptr; }
+        ui::Window& window;
+        bool& emptyWhenDestroyed;
+    };
+    bool empty = false;
+    window.setView(std::make_shared<Watched>(window, empty));
     window.setView(std::make_shared<test::View>());
-    EXPECT_TRUE(watch.expired());
+    EXPECT_TRUE(empty); // released before the new one was stored
 }
 
 TEST_F(WindowTest, Keys_WithoutViewAreDropped) {
@@ -52,18 +59,23 @@ TEST_F(WindowTest, Keys_WithoutViewAreDropped) {
     EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_2}));
 }
 
-TEST_F(WindowTest, AViewReplacingItselfFromItsKeyHandlerSurvivesTheCall) {
+TEST_F(WindowTest, AViewReplacingItselfFromItsKeyHandlerSurvivesTheCall_NoWindowLockHeld) {
     ui::Window window(320, 216);
     auto first = std::make_shared<test::View>();
     std::weak_ptr<test::View> watch = first;
     bool aliveDuringHandler = false;
+    bool otherThreadGotIn = false;
     first->onKey = [&](device::input::Key) {
+        // The locks are recursive, so only another thread can tell that none is held.
+        auto other = std::async(std::launch::async, [&] { return window.draw(nullptr); });
+        otherThreadGotIn = other.wait_for(std::chrono::seconds(5)) == std::future_status::ready;
         window.setView(std::make_shared<test::View>());
         aliveDuringHandler = !watch.expired();
     };
     window.setView(first);
     first.reset();
     window.injectKeyPress(KEY_1);
+    EXPECT_TRUE(otherThreadGotIn);
     EXPECT_TRUE(aliveDuringHandler);
     EXPECT_TRUE(watch.expired()); // gone once its handler returned
     EXPECT_NE(window.getView(), nullptr);

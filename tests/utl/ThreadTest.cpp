@@ -9,25 +9,34 @@ namespace {
 
 using Thread = test::PlatformTest;
 
-TEST_F(Thread, EscapingExceptionsAreLogged_AndTheThreadJoins) {
+TEST_F(Thread, EscapingExceptionsAreLogged_AndTheThreadJoins_BoostsHandlerFirst) {
     struct BoostError : boost::exception {};
-    utl::thread a([] { throw std::runtime_error("disk full"); });
-    utl::thread b([] { throw BoostError(); });
-    utl::thread c([] { throw 42; });
-    utl::thread d{std::function<void()>()}; // empty body: a bad function call, handled alike
-    a.join();
-    b.join();
-    c.join();
-    d.join();
-    auto reports = osal::host::exceptionReports();
-    ASSERT_EQ(reports.size(), 4u);
-    for (const auto& r : reports)
-        EXPECT_EQ(r.source, "utl/thread");
-    std::sort(reports.begin(), reports.end(), [](auto& x, auto& y) { return x.what < y.what; });
-    EXPECT_EQ(reports[0].what, "");
-    EXPECT_NE(reports[1].what.find("BoostError"), std::string::npos);
-    EXPECT_EQ(reports[2].what, "bad_function_call");
-    EXPECT_EQ(reports[3].what, "disk full");
+    // Both a Boost and a standard exception: the Boost handler, tried first, must take it.
+    struct Both : std::runtime_error, boost::exception {
+        Both() : std::runtime_error("both kinds") {}
+    };
+    const auto reportOf = [](std::function<void()> body) {
+        osal::host::clearExceptionReports();
+        utl::thread t(std::move(body));
+        t.join();
+        const auto reports = osal::host::exceptionReports();
+        EXPECT_EQ(reports.size(), 1u);
+        EXPECT_EQ(reports.empty() ? "" : reports[0].source, "utl/thread");
+        return reports.empty() ? osal::host::ExceptionReport{} : reports[0];
+    };
+    const auto standard = reportOf([] { throw std::runtime_error("disk full"); });
+    const auto boost = reportOf([] { throw BoostError(); });
+    const auto both = reportOf([] { throw Both(); });
+    const auto other = reportOf([] { throw 42; });
+    const auto empty = reportOf(std::function<void()>()); // a bad function call, handled alike
+    EXPECT_EQ(standard.what, "disk full");
+    EXPECT_NE(boost.what.find("BoostError"), std::string::npos);
+    EXPECT_EQ(both.line, boost.line);
+    EXPECT_NE(both.line, standard.line);
+    EXPECT_NE(both.what.find("both kinds"), std::string::npos); // Boost's diagnostic, what() included
+    EXPECT_EQ(other.what, "");
+    EXPECT_EQ(empty.what, "bad_function_call");
+    EXPECT_EQ(empty.line, standard.line);
 }
 
 TEST_F(Thread, MovingARunningThreadIsSafe) {

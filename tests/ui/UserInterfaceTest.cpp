@@ -1,5 +1,9 @@
 #include "Support.hpp"
 
+#include "ui/Header.hpp"
+
+#include <boost/exception/exception.hpp>
+
 #include "ui/ContactlessStatusIndicator.hpp"
 #include "ui/KeyBoard.hpp"
 #include "ui/UserInterface.hpp"
@@ -106,6 +110,67 @@ TEST_F(UserInterfaceTest, ASecondInitialize_SendsKeysToTheNewWindowOnly) {
     xui_host::pushKey('7');
     ASSERT_TRUE(second->waitForKeys(1));
     EXPECT_TRUE(first->receivedKeys().empty());
+}
+
+// What goes wrong in an application's code is logged where it happens, and every thread of
+// the library goes on: the next key still arrives, the next frame is still presented.
+TEST_F(UserInterfaceTest, FaultsInViewsHandlersAndTheClock_AreLogged_AndEveryThreadGoesOn) {
+    struct BoostFault : boost::exception {};
+    ui::UserInterface ui(GraphicsDeviceParams{0, 32});
+    ui.initialize();
+    ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
+    auto view = std::make_shared<test::View>();
+    int draws = 0;
+    view->onDraw = [&](_XuiWindow*) {
+        switch (draws++) {
+        case 0:
+            throw std::runtime_error("view failed");
+        case 1:
+            throw BoostFault();
+        case 2:
+            throw 7;
+        }
+    };
+    view->onKey = [](device::input::Key key) {
+        if (key == device::input::KEY_1)
+            throw std::runtime_error("handler failed");
+        if (key == device::input::KEY_2)
+            throw BoostFault();
+        if (key == device::input::KEY_3)
+            throw 7;
+    };
+    graphics->setContext(view);
+    for (int i = 0; i < 4; ++i) {
+        const auto frames = xui_host::framesShown();
+        graphics->update();
+        if (i == 3) // three failed draws, then one that presents
+            ASSERT_TRUE(xui_host::waitForFrames(frames + 1, std::chrono::seconds(5)));
+        else
+            ASSERT_TRUE(
+                test::eventually([&] { return int(osal::host::exceptionReports().size()) == i + 1; }));
+    }
+    for (char key : {'1', '2', '3', '4'})
+        xui_host::pushKey(key);
+    ASSERT_TRUE(view->waitForKeys(4));
+    ASSERT_TRUE(test::eventually([] { return osal::host::exceptionReports().size() == 6; }));
+    const auto reports = osal::host::exceptionReports();
+    std::vector<std::string> where;
+    for (const auto& r : reports)
+        where.push_back(r.source + (r.source == "KeyBoard" ? ":" + std::to_string(r.line) : ""));
+    EXPECT_EQ(where, (std::vector<std::string>{"GraphicsDevice", "GraphicsDevice", "GraphicsDevice",
+                                               "KeyBoard:106", "KeyBoard:102", "KeyBoard:110"}));
+
+    // A clock outside the calendar fails the header redraw that asked for it, and only that.
+    auto header = std::make_shared<test::View>();
+    header->add(std::make_shared<ui::Time>(70, 0, 96, 20));
+    graphics->getWindow()->setHeader(header);
+    osal::host::pinClock(-100000LL * 365 * 86400);
+    EXPECT_THROW(graphics->updateHeader(), std::out_of_range);
+    osal::host::pinClock(0);
+    EXPECT_NO_THROW(graphics->updateHeader());
+    const auto frames = xui_host::framesShown();
+    graphics->update();
+    EXPECT_TRUE(xui_host::waitForFrames(frames + 1, std::chrono::seconds(5)));
 }
 
 } // namespace

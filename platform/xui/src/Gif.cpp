@@ -29,7 +29,8 @@ std::unique_ptr<GifAnimation> decodeGif(const char* path) {
     if (!gif || DGifSlurp(gif.get()) != GIF_OK || gif->ImageCount <= 0)
         return nullptr;
     const unsigned w = unsigned(std::max(gif->SWidth, 0)), h = unsigned(std::max(gif->SHeight, 0));
-    if (w == 0 || h == 0 || uint64_t(w) * h > kMaxPixels)
+    // Every frame is kept composed at the screen's size: the whole animation must fit.
+    if (w == 0 || h == 0 || uint64_t(w) * h * uint64_t(gif->ImageCount) > kMaxPixels)
         return nullptr;
 
     auto anim = std::make_unique<GifAnimation>();

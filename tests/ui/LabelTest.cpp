@@ -155,11 +155,19 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     ui::Label source(1, 2, 200, 0);
     source.setText("Sale");
     source.setAlignment(ui::utils::Centre);
+    source.setColor(0x00FF00FF);
     source.setVisible(false);
+    // What a label looks like drawn: its x (the alignment), colour and text.
+    const auto looks = [&](ui::Label& l) {
+        const auto calls = drawn(l);
+        return calls.empty() ? std::string()
+                             : calls[0].args[1] + " " + calls[0].args[6] + " " + calls[0].args[7];
+    };
+    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 0xff00ff00 \"Sale\"";
 
     ui::Label copy(source);
     EXPECT_TRUE(copy.isVisible());
-    EXPECT_EQ(copy.getText(), "Sale");
+    EXPECT_EQ(looks(copy), sale); // alignment, colour and lines all copied
     EXPECT_EQ(copy.getHeight(), 20u);
 
     ui::Label assigned;
@@ -176,6 +184,7 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     target.setText("X");
     target = std::move(moved);
     EXPECT_EQ(target.getText(), "Sale");
+    EXPECT_EQ(looks(target), sale);
     EXPECT_EQ(moved.getText(), "X"); // swapped
 }
 

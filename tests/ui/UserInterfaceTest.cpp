@@ -55,6 +55,24 @@ TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
     EXPECT_EQ(t.back().function, "Close");
 }
 
+TEST_F(UserInterfaceTest, TeardownStopsTheKeypadBeforeTheDisplay) {
+    auto ui = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
+    ui->initialize();
+    auto view = std::make_shared<test::View>();
+    std::atomic<bool> handling{false};
+    std::atomic<int> displayOpenAfterwards{-1};
+    view->onKey = [&](device::input::Key) {
+        handling = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(200)); // teardown starts meanwhile
+        displayOpenAfterwards = XuiIsRunning();
+    };
+    ui::ServiceLocator::getGraphicsService()->setContext(view);
+    xui_host::pushKey('1');
+    ASSERT_TRUE(test::eventually([&] { return handling.load(); }));
+    ui.reset(); // waits for the key being handled before the display goes
+    EXPECT_EQ(displayOpenAfterwards, 1);
+}
+
 TEST_F(UserInterfaceTest, TeardownWithoutInitialize_ClosesCleanly) {
     const int threads = test::threadCount();
     { ui::UserInterface ui(GraphicsDeviceParams{0, 24}); }

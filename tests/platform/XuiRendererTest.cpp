@@ -357,7 +357,8 @@ TEST_F(XuiRenderer, GeometryThatOverflowsOrLiesOffTheCanvas_PaintsNothingOutside
     XuiCanvasDrawRect(c, 0x7FFFFFFF, 4, 0xFFFFFFFFu, 4, kRed, 3, 1);
     XuiCanvasDrawRect(c, 20, 20, 8, 8, kRed, 0, 1);
     XuiCanvasDrawText(c, 0xFFFFFFFFu, 0xFFFFFFFFu, 20, font(), XUI_TEXT_NORMAL, kRed, "Wrapped");
-    XuiCanvasDrawText(c, 0, 0, 0xFFFFFFFFu, font(), XUI_TEXT_NORMAL, kRed, "Huge");
+    EXPECT_EQ(XuiCanvasDrawText(c, 0, 0, 0xFFFFFFFFu, font(), XUI_TEXT_NORMAL, kRed, "Huge"), -1); // refused
+    EXPECT_EQ(XuiTextWidth(font(), 1 << 30, "Huge"), 0);
     XuiImg* shot = XuiCaptureCanvas(c, 0, 0, 16, 16);
     XuiCanvasDrawImg(c, 0x80000000u, 0x80000000u, 0xFFFFFFFFu, 0xFFFFFFFFu, XUI_BG_NORMAL, shot);
     XuiImgFree(shot);

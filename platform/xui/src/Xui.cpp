@@ -51,6 +51,8 @@ int parseArgument(int argc, char** argv, const char* key, int fallback) {
     return fallback;
 }
 
+constexpr unsigned kMaxTextSize = 1024; // pixels
+
 unsigned clampedStatusbar(int requested, unsigned panelHeight) {
     if (requested < 0)
         return 0;
@@ -264,7 +266,8 @@ int XuiCanvasDrawText(XuiWindow* canvas, unsigned x, unsigned y, unsigned size, 
     TRACE(arg(canvas), arg(x), arg(y), arg(size), arg(font), arg(style), argHex(color), argText(text));
     Canvas* c = findCanvas(canvas);
     Font* f = findFont(font);
-    if (!c || !f || !text)
+    // A text size beyond any panel would only make FreeType render glyphs of gigabytes.
+    if (!c || !f || !text || size > kMaxTextSize)
         return -1;
     // Coordinates wrapped around from unsigned arithmetic are far off the canvas: clip them.
     if (x > 0x7FFFFFFFu || y > 0x7FFFFFFFu)
@@ -277,7 +280,7 @@ int XuiTextWidth(XuiFont* font, int size, const char* text) {
     auto& s = state();
     Lock lock(s.mutex);
     Font* f = findFont(font);
-    if (!f || size <= 0)
+    if (!f || size <= 0 || unsigned(size) > kMaxTextSize)
         return 0;
     return textWidth(*f, unsigned(size), text);
 }

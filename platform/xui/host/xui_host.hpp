@@ -2,7 +2,7 @@
 // Nothing in the UI library may include this header: a terminal has no such thing.
 #pragma once
 
-#include "xui.h"
+#include <xui.h>
 
 #include <chrono>
 #include <cstdint>

@@ -1,10 +1,11 @@
-// Host-only controls of the platform-support stand-in, for tests and the simulator.
-// Nothing in the UI library may include this header.
+// Host-only controls of the platform-support stand-in, for tests and the simulator. They are a
+// target of their own (osal_host) that the library does not link: including this header from
+// the library is a build error, as it would be on a terminal.
 #pragma once
 
-#include "localization.hpp"
-#include "log.hpp"
-#include "resource.hpp"
+#include <osal/localization.hpp>
+#include <osal/log.hpp>
+#include <osal/resource.hpp>
 
 #include <chrono>
 #include <cstdint>

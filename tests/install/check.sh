@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Installs the build into a scratch prefix and builds a consumer with find_package and with
+# pkg-config. Usage: check.sh BUILD_DIR SOURCE_DIR WORK_DIR
+set -euo pipefail
+build=$1 source=$2 work=$3
+rm -rf "$work"
+cmake --install "$build" --prefix "$work/prefix" > "$work.install.log" 2>&1 || { cat "$work.install.log"; exit 1; }
+prefix=$work/prefix
+libdir=$(dirname "$(find "$prefix" -name 'libui.so' | head -1)")
+for f in include/ui/ui.hpp include/ui/TextBox.hpp include/utl/thread.hpp include/xui.h include/osal/log.hpp; do
+    [ -f "$prefix/$f" ] || { echo "missing $f"; exit 1; }
+done
+[ -n "$(find "$prefix" -name 'libui.so.1.2.1.0')" ] || { echo "no versioned libui"; exit 1; }
+if find "$prefix" -name xui_host.hpp -o -name host.hpp | grep .; then
+    echo "host controls installed"; exit 1
+fi
+cmake -S "$source" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" > "$work.cmake.log" 2>&1 &&
+    cmake --build "$work/cmake" >> "$work.cmake.log" 2>&1 || { cat "$work.cmake.log"; exit 1; }
+LD_LIBRARY_PATH=$libdir "$work/cmake/consumer"
+PKG_CONFIG_PATH=$libdir/pkgconfig c++ -std=c++17 "$source/main.cpp" -o "$work/pkgconfig_consumer" \
+    $(PKG_CONFIG_PATH=$libdir/pkgconfig pkg-config --cflags --libs ui)
+LD_LIBRARY_PATH=$libdir "$work/pkgconfig_consumer"
+echo "installed, found by CMake and by pkg-config"

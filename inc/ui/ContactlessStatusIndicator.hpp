@@ -64,6 +64,8 @@ public:
     void draw(_XuiWindow* window) override;
 
 private:
+    void takeBoxAndState(const Led& other);
+
     bool on_ = false;
     mutable std::mutex mutex_;
     Image onImage_;

@@ -18,29 +18,30 @@ Led::Led(Led&& other)
 Led::~Led() = default;
 
 Led& Led::operator=(const Led& other) {
-    if (this == &other)
-        return *this;
-    setX(other.getX());
-    setY(other.getY());
-    setWidth(other.getWidth());
-    setHeight(other.getHeight());
-    setOn(other.isOn());
-    onImage_ = other.onImage_;
-    offImage_ = other.offImage_;
+    if (this != &other) {
+        takeBoxAndState(other);
+        onImage_ = other.onImage_;
+        offImage_ = other.offImage_;
+    }
     return *this;
 }
 
 Led& Led::operator=(Led&& other) {
-    if (this == &other)
-        return *this;
+    if (this != &other) {
+        takeBoxAndState(other);
+        onImage_ = std::move(other.onImage_);
+        offImage_ = std::move(other.offImage_);
+    }
+    return *this;
+}
+
+// The lock stays this LED's own.
+void Led::takeBoxAndState(const Led& other) {
     setX(other.getX());
     setY(other.getY());
     setWidth(other.getWidth());
     setHeight(other.getHeight());
     setOn(other.isOn());
-    onImage_ = std::move(other.onImage_);
-    offImage_ = std::move(other.offImage_);
-    return *this;
 }
 
 bool Led::isOn() const {

@@ -93,16 +93,6 @@ TEST_F(MultiTapTest, ACycleWrapsToItsFirstCharacter_AlsoWhenTheStringShrinks) {
     EXPECT_EQ(press(KEY_2, "2A"), "2"); // past the shorter string: back to its start
 }
 
-TEST_F(MultiTapTest, AOneCharacterSetNeverReplaces) {
-    press(KEY_2, "2");
-    EXPECT_EQ(press(KEY_2, "2"), "22");
-}
-
-TEST_F(MultiTapTest, AnEmptySetAppendsTheNulByte) {
-    EXPECT_EQ(press(KEY_2, ""), std::string(1, '\0'));
-    EXPECT_EQ(press(KEY_2, ""), std::string(2, '\0'));
-}
-
 TEST_F(MultiTapTest, NonDigitKeys_ChangeNothing_ButAPendingReplacementDropsTheLastByte) {
     text = "ab";
     EXPECT_EQ(getCharacterFromKeyPress(KEY_ENTER, "xyz", timer), "");

@@ -119,16 +119,12 @@ TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
                  {'7', pound + "0.07"}});
 }
 
-TEST_F(InputPromptTest, NumericAndDefaultNumeric) {
+TEST_F(InputPromptTest, Numeric_RefusesALeadingZero_AndStopsAtItsMaximum) {
     show(ui::input::createNumericPrompt(1, 100));
     expectSteps({{'0', ""}, {'1', "1"}, {'0', "10"}, {'0', "100"}, {'5', "100"}});
     EXPECT_TRUE(view->prompt.validateInputText());
     expectSteps({{'X', ""}});
     EXPECT_FALSE(view->prompt.validateInputText());
-
-    show(createDefaultNumericPrompt());
-    expectSteps({{'0', "0"}, {'0', "00"}, {'9', "009"}});
-    EXPECT_TRUE(view->prompt.validateInputText());
 }
 
 TEST_F(InputPromptTest, DefaultCurrency_UsesTheTerminalsCurrency) {

@@ -202,6 +202,19 @@ inline bool eventually(const std::function<bool()>& condition) {
     return condition();
 }
 
+// The thread count to compare with: a thread that the set-up joined may still be listed, for
+// long on a loaded machine under an emulator. Waits until the count holds still for 100 ms.
+inline int settledThreadCount() {
+    int count = threadCount(), same = 0;
+    for (int i = 0; i < 500 && same < 10; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        const int now = threadCount();
+        same = now == count ? same + 1 : 0;
+        count = now;
+    }
+    return count;
+}
+
 struct Box {
     int x0 = 0, y0 = 0, x1 = -1, y1 = -1; // inclusive; x1 < x0 means empty
     bool empty() const { return x1 < x0; }

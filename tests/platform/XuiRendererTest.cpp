@@ -4,6 +4,7 @@
 #include <xui.h>
 #include <zlib.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -317,11 +318,29 @@ XuiWindow* openGif(const std::string& bytes) {
     return XuiCreateGif(XuiRootCanvas(), 0, 0, 64, 64, path.c_str());
 }
 
+// The records the library shares with the graphics library: the terminal's pointers are 4 bytes,
+// this PC's 8. The fields that hold sizes and colours are 32-bit on both, at the same offsets.
+TEST_F(XuiRenderer, Records_HoldSizesIn32Bits_WithPointersAsWideAsTheTarget) {
+    static_assert(sizeof(XuiColor) == 4 && sizeof(unsigned int) == 4);
+    static_assert(offsetof(XuiWindow, height) == 4 && offsetof(XuiImg, height) == 4);
+    static_assert(offsetof(XuiButtonStat, text) == 8);
+    static_assert(sizeof(XuiButtonStat) == 8 + 2 * sizeof(void*));
+    static_assert(sizeof(XuiGetStrAttr) == sizeof(void*) + 5 * 4 + (sizeof(void*) == 8 ? 4 : 0));
+    // The sizes read back as created, at the largest the library ever asks for.
+    XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 4096, 4096);
+    ASSERT_NE(canvas, nullptr);
+    EXPECT_EQ(canvas->width, 4096u);
+    EXPECT_EQ(canvas->height, 4096u);
+    XuiDestroyWindow(canvas);
+}
+
 TEST_F(XuiRenderer, HostileImages_AreRefusedOrClipped_NeverAllocatedWhole) {
     // Claimed sizes beyond any screen are refused from the header alone.
     EXPECT_EQ(XuiImgLoadFromMem(pngHeader(100000, 100000).data(), pngHeader(100000, 100000).size(), 0),
               nullptr);
     EXPECT_EQ(XuiImgLoadFromMem(pngHeader(4097, 4097).data(), pngHeader(4097, 4097).size(), 0), nullptr);
+    // 2^32 pixels: a 32-bit size_t (the terminal's) would count them as none.
+    EXPECT_EQ(XuiImgLoadFromMem(pngHeader(65536, 65536).data(), pngHeader(65536, 65536).size(), 0), nullptr);
     EXPECT_EQ(XuiImgLoadFromMem(pngHeader(0, 10).data(), pngHeader(0, 10).size(), 0), nullptr);
 
     XuiWindow* plain = openGif(gif(2, 2, 0, 0));
@@ -330,6 +349,7 @@ TEST_F(XuiRenderer, HostileImages_AreRefusedOrClipped_NeverAllocatedWhole) {
     EXPECT_EQ(openGif(gif(2, 0, 0, 0)), nullptr);               // no height
     EXPECT_EQ(openGif(gif(2, 2, 0, 0, 12)), nullptr);           // LZW code size out of range
     EXPECT_EQ(openGif(gif(4096, 4096, 0, 0, 2, 2)), nullptr);   // 32 M pixels of frames
+    EXPECT_EQ(openGif(gif(32768, 32768, 0, 0, 2, 4)), nullptr); // 2^32 pixels: none in 32 bits
     EXPECT_EQ(openGif(gif(2, 2, 0, 0).substr(0, 20)), nullptr); // cut short
     XuiWindow* outside = openGif(gif(2, 2, 1000, 1000));        // a frame off the screen
     ASSERT_NE(outside, nullptr);

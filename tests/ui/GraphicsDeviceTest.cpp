@@ -229,7 +229,7 @@ TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours) {
 }
 
 TEST_F(GraphicsDeviceTest, Destruction_StopsTheThreadAndClosesXui) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     withWindow();
     device.reset();
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads - 1; }));

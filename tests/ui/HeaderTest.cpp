@@ -133,6 +133,9 @@ TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
     EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"\"09:05\"", "\"07/03/2025\""}));
     osal::host::pinClock(k0905on7March2025 - 9 * 3600 - 5 * 60); // midnight
     EXPECT_EQ(drawnTexts(clock)[0], "\"00:00\"");
+    // Past 2038 the seconds no longer fit the terminal's 32-bit long (nor its time_t).
+    osal::host::pinClock(2214172740); // 2040-02-29 23:59
+    EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"\"23:59\"", "\"29/02/2040\""}));
     osal::host::pinClock(-100000LL * 365 * 86400); // far outside the calendar
     EXPECT_THROW(clock.draw(ui::Xui::RootCanvas()), std::out_of_range);
     osal::host::pinClock(k0905on7March2025);

@@ -30,6 +30,8 @@ TEST_F(KeyBoardTest, KeysBeforeBindAreDiscarded_ThenDelivered) {
     ui::input::KeyBoard keyboard;
     xui_host::pushKey('3');
     ASSERT_TRUE(test::eventually([] { return xui_host::keysRead() == 1; }));
+    const uint64_t waits = xui_host::keyWaits(); // the '3' is dealt with once it waits again
+    ASSERT_TRUE(test::eventually([&] { return xui_host::keyWaits() > waits; }));
     std::mutex m;
     std::vector<Key> got;
     keyboard.bind([&](Key k) {
@@ -82,7 +84,7 @@ TEST_F(KeyBoardTest, RebindingWhileKeysArrive_EachKeyGoesToExactlyOneHandler) {
 }
 
 TEST_F(KeyBoardTest, ClosingTheDisplayEndsTheThreadByItself) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     auto keyboard = std::make_unique<ui::input::KeyBoard>();
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; }));
     xui_host::setKeyWaitLimit(std::chrono::milliseconds(0)); // only a close can end the wait

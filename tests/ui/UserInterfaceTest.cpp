@@ -22,7 +22,7 @@ TEST_F(UserInterfaceTest, Version) {
 }
 
 TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     {
         ui::UserInterface ui(GraphicsDeviceParams{0, 24});
         EXPECT_TRUE(
@@ -74,7 +74,7 @@ TEST_F(UserInterfaceTest, TeardownStopsTheKeypadBeforeTheDisplay) {
 }
 
 TEST_F(UserInterfaceTest, TeardownWithoutInitialize_ClosesCleanly) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     { ui::UserInterface ui(GraphicsDeviceParams{0, 24}); }
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads; }));
     EXPECT_FALSE(XuiIsRunning());
@@ -98,7 +98,7 @@ TEST_F(UserInterfaceTest, ContactlessChangesBeforeAnIndicatorDoNothing) {
 }
 
 TEST_F(UserInterfaceTest, ADisplayThatDoesNotOpen_RefusesTheKeypad_AndTearsDownCleanly) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     {
         xui_host::failNextOpen();
         ui::UserInterface ui(GraphicsDeviceParams{0, 24});

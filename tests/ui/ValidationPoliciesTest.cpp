@@ -38,6 +38,8 @@ TEST(NumericPolicyTest, RefusesALeadingZero_AndStopsAtMax) {
     EXPECT_EQ(type(policy, "1234").back(), "123");
 }
 
+// The value typed saturates at the 32-bit int limit whatever the width of long: 32 bits on the
+// terminal, 64 on this PC.
 TEST(NumericPolicyTest, FromMax2147483647Up_TheSaturatedValueAcceptsAnyNumberOfDigits) {
     numeric_policy policy;
     policy.setMax(2147483646);
@@ -48,6 +50,7 @@ TEST(NumericPolicyTest, FromMax2147483647Up_TheSaturatedValueAcceptsAnyNumberOfD
     EXPECT_FALSE(policy.validate("999999999999")); // typed, yet above max as a 64-bit number
 }
 
+// Limits and values are long long, 64 bits on the terminal too, where long has 32.
 TEST(NumericPolicyTest, ValidateParsesLikeStoll) {
     numeric_policy policy;
     struct Case {
@@ -62,13 +65,20 @@ TEST(NumericPolicyTest, ValidateParsesLikeStoll) {
         {"abc", false},
         {"", false},
         {"-", false},
+        {"2147483648", true}, // beyond a 32-bit long
+        {"-2147483649", true},
         {"9223372036854775807", true},
+        {"-9223372036854775808", true},
+        {"9223372036854775808", false},
         {"99999999999999999999", false}, // beyond 64 bits
     };
     for (const auto& c : cases)
         EXPECT_EQ(policy.validate(c.text), c.valid) << '"' << c.text << '"';
     policy.setMin(10);
     EXPECT_FALSE(policy.validate("9"));
+    policy.setMax(4294967296); // 2^32: a 32-bit limit would have wrapped to 0
+    EXPECT_TRUE(policy.validate("4294967296"));
+    EXPECT_FALSE(policy.validate("4294967297"));
 }
 
 TEST(NumericPolicyTest, TimeAndAddressAllowLeadingZeros_AndStopAtTheirLength) {

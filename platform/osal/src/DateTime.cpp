@@ -22,8 +22,17 @@ date_time::DateTime date_time::getLocalTime() {
 }
 
 boost::posix_time::ptime date_time::ptime_from_epoch(int64_t secondsSinceEpoch) {
-    static const boost::posix_time::ptime epoch(boost::gregorian::date(1970, 1, 1));
-    return epoch + boost::posix_time::seconds(long(secondsSinceEpoch));
+    // Boost counts in long, 32 bits on the terminal: whole days first, so that a time from
+    // 2038 on does not wrap to 1901.
+    constexpr int64_t day = 24 * 60 * 60;
+    int64_t days = secondsSinceEpoch / day, rest = secondsSinceEpoch % day;
+    if (rest < 0) {
+        --days;
+        rest += day;
+    }
+    static const boost::gregorian::date epoch(1970, 1, 1);
+    return boost::posix_time::ptime(epoch + boost::gregorian::days(long(days)),
+                                    boost::posix_time::seconds(long(rest)));
 }
 
 namespace osal::detail {

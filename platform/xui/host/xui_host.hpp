@@ -31,6 +31,9 @@ void pushKey(int code);
 void setKeyWaitLimit(std::chrono::milliseconds limit);
 // Number of keys taken from the queue by XuiGetKey so far.
 uint64_t keysRead();
+// Number of XuiGetKey calls begun so far: once it grows past a key's read, the reader is done
+// with that key.
+uint64_t keyWaits();
 
 // Trace -------------------------------------------------------------------------------------
 // One Xui call as the library made it. Handles are named: "root", "statusbar", "c<n>" for

@@ -15,6 +15,7 @@ struct Keys {
     bool closed = true; // GetKey returns at once while the display is not open
     std::chrono::milliseconds waitLimit{100};
     uint64_t read = 0;
+    uint64_t waits = 0; // XuiGetKey calls begun
 };
 
 Keys& keys() {
@@ -39,6 +40,7 @@ void keysReset() {
     k.queue.clear();
     k.waitLimit = std::chrono::milliseconds(100);
     k.read = 0;
+    k.waits = 0;
 }
 
 } // namespace xui_impl
@@ -61,6 +63,7 @@ extern "C" int XuiClearKey(void) {
 extern "C" int XuiGetKey(void) {
     auto& k = keys();
     std::unique_lock<std::mutex> lock(k.mutex);
+    ++k.waits;
     auto ready = [&] { return !k.queue.empty() || k.closed; };
     if (k.waitLimit.count() == 0)
         k.arrived.wait(lock, ready);
@@ -95,6 +98,12 @@ uint64_t keysRead() {
     auto& k = keys();
     std::lock_guard<std::mutex> lock(k.mutex);
     return k.read;
+}
+
+uint64_t keyWaits() {
+    auto& k = keys();
+    std::lock_guard<std::mutex> lock(k.mutex);
+    return k.waits;
 }
 
 } // namespace xui_host

@@ -262,7 +262,7 @@ TEST_F(ContactlessTest, AChangeMadeWhileTheWorkerIsBusyPlaysOnce) {
 
 TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeInitializeIsIgnored) {
     ui_.reset();
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     ui::UserInterface bare(GraphicsDeviceParams{0, 24});
     bare.enableContactless({0, 0, 100, 24}, {});
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; })); // rendering only
@@ -277,7 +277,7 @@ TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeIni
 }
 
 TEST_F(ContactlessTest, AnInvalidConfigurationThrows_StartsNothing_AndStaysRegistered) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     CtlsStatusIndicatorConfiguration three;
     three.ledOnImages.pop_back();
     ui::ContactlessStatusIndicator indicator(0, 0, 100, 24);
@@ -363,7 +363,7 @@ TEST_F(ContactlessTest, DestroyingTheIndicatorReturnsPromptlyInEveryState) {
 }
 
 TEST_F(ContactlessTest, TeardownWithTheIndicatorRunning_LeavesNoThread) {
-    const int threads = test::threadCount();
+    const int threads = test::settledThreadCount();
     enable();
     set(State::Idle);
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; }));

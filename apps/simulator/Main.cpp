@@ -8,13 +8,14 @@
 
 #include <boost/program_options.hpp>
 
+#include <filesystem>
 #include <iostream>
 
 namespace po = boost::program_options;
 
 int main(int argc, char** argv) {
     po::options_description options("Options");
-    std::string script, out, panel;
+    std::string script, out, panel, data;
     unsigned zoom = 2;
     int rotate = 0, statusbar = 32;
     options.add_options()("help,h", "show this help")           //
@@ -28,7 +29,10 @@ int main(int argc, char** argv) {
         ("panel", po::value<std::string>(&panel)->default_value("320x240"), "panel size, WIDTHxHEIGHT") //
         ("rotate", po::value<int>(&rotate)->default_value(0), "screen rotation passed to Xui")          //
         ("statusbar", po::value<int>(&statusbar)->default_value(32), "status-bar height in pixels")     //
-        ("quit-after-script", "window: close once the script has played");
+        ("quit-after-script", "window: close once the script has played")                               //
+        ("data", po::value<std::string>(&data),
+         "folder holding res/ and apps/simulator/ (default: the current one; the installed "
+         "ui-simulator passes its own)");
     po::variables_map args;
     unsigned width = 0, height = 0;
     try {
@@ -49,6 +53,20 @@ int main(int argc, char** argv) {
                   << demo::windowKeys() << "\n"
                   << options;
         return 0;
+    }
+
+    // The library finds its pictures and fonts under ./res, as on the terminal: work from the
+    // data folder, with the paths given on the command line still meaning what they said.
+    if (!data.empty()) {
+        std::error_code error;
+        out = std::filesystem::absolute(out, error).string();
+        if (!script.empty())
+            script = std::filesystem::absolute(script, error).string();
+        std::filesystem::current_path(data, error);
+        if (error) {
+            std::cerr << "ui_demo: cannot work from " << data << ": " << error.message() << "\n";
+            return 2;
+        }
     }
 
     std::vector<demo::Command> commands;

@@ -10,6 +10,8 @@ int runWindow(const WindowOptions&) {
     return 1;
 }
 
-const char* windowKeys() { return "This build has no window: it was built without SDL2."; }
+const char* windowKeys() {
+    return "This build has no window: it was built without SDL2.";
+}
 
 } // namespace demo

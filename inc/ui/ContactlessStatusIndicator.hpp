@@ -18,7 +18,7 @@
 
 namespace ui {
 class IGraphics;
-}
+} // namespace ui
 
 // How the indicator behaves; times in milliseconds, frequencies in hertz.
 struct CtlsStatusIndicatorConfiguration {

@@ -19,7 +19,7 @@ enum class State : int;
 
 namespace input {
 class KeyBoard;
-}
+} // namespace input
 
 // What widgets and the contactless indicator need of the graphics device: redraw requests
 // (update, any thread, never blocks), synchronous header redraws and single-widget renders.

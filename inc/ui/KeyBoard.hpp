@@ -10,7 +10,7 @@ namespace ui::input {
 
 namespace detail {
 class impl;
-}
+} // namespace detail
 
 // Constructing it starts the keypad thread and registers it with the ServiceLocator; it
 // throws XuiException "Xui is not running" when the display is not open. The handler runs on

@@ -1,0 +1,35 @@
+# Debian packages (./run package): the library with its headers; the host stand-ins of the
+# platform libraries on their own, so that a terminal image never carries them; the simulator.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_VENDOR "ui")
+set(CPACK_PACKAGE_CONTACT "UI library developers <ui@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL library platform)
+if(TARGET ui_demo)
+    list(APPEND CPACK_COMPONENTS_ALL simulator)
+endif()
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
+# Dependencies on Debian's libraries come from the binaries themselves; ours from below.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR}/lib)
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libui)
+set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "User-interface library for card-payment terminals: the shared library, its headers, a CMake package and a pkg-config file")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "libboost-dev, libboost-date-time-dev, libboost-filesystem-dev, libboost-system-dev")
+
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_NAME libui-host-platform)
+set(CPACK_COMPONENT_PLATFORM_DESCRIPTION "Host stand-ins for the terminal's graphics (xui) and platform-support (osal) libraries, to run the UI library on a PC; never for a terminal")
+if(UI_PLATFORM STREQUAL "host")
+    set(CPACK_COMPONENT_LIBRARY_DEPENDS platform)
+endif()
+
+set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME ui-simulator)
+set(CPACK_DEBIAN_SIMULATOR_PACKAGE_SECTION misc)
+set(CPACK_COMPONENT_SIMULATOR_DESCRIPTION "Payment-terminal simulator: a demo payment application on the UI library, headless or in a window")
+set(CPACK_COMPONENT_SIMULATOR_DEPENDS library platform)
+
+include(CPack)

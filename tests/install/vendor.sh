@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# The same tree builds the library for a terminal, against the vendor's platform libraries and
+# headers instead of our stand-ins. The stand-ins, installed on their own into a scratch root,
+# play the vendor's SDK here. Usage: vendor.sh BUILD_DIR SOURCE_DIR WORK_DIR
+set -euo pipefail
+build=$1 source=$2 work=$3
+rm -rf "$work"
+log=$work.log
+fail() { echo "$1"; tail -30 "$log"; exit 1; }
+cmake --install "$build" --component platform --prefix "$work/sdk" > "$log" 2>&1 || fail "no SDK"
+cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_ROOT="$work/sdk" \
+    -DCMAKE_TOOLCHAIN_FILE="${UI_TOOLCHAIN_FILE:-}" >> "$log" 2>&1 || fail "configure failed"
+grep -q "Vendor platform: $work/sdk/lib" "$log" || fail "the vendor's libraries were not the ones found"
+cmake --build "$work/build" >> "$log" 2>&1 || fail "build failed"
+# Only the library: none of our stand-ins, tests or simulator was built.
+built=$(cd "$work/build" && find . -name '*.so*' -o -name 'ui_tests' -o -name 'ui_demo' | sort | tr '\n' ' ')
+[ "$built" = "./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "built: $built"
+cmake --install "$work/build" --prefix "$work/image" >> "$log" 2>&1 || fail "install failed"
+installed=$(cd "$work/image" && find . -name '*.so*' -o -name 'xui.h' -o -path '*osal*' | sort | tr '\n' ' ')
+[ "$installed" = "./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "installed: $installed"
+echo "built for the vendor's platform: $built"

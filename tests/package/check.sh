@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Installs the Debian packages into a scratch root and checks what each holds and depends on,
+# then that they work from there: a consumer builds against the root with find_package, and the
+# installed simulator plays a session. Usage: check.sh PACKAGE_DIR EXPECTED_FILES WORK_DIR
+set -euo pipefail
+packages=$(realpath "$1") expected=$(realpath "$2") work=$(realpath -m "$3")
+here=$(cd "$(dirname "$0")" && pwd)
+rm -rf "$work"
+mkdir -p "$work/root"
+root=$work/root
+arch=$(gcc -print-multiarch)
+version=$(grep -o 'project(ui VERSION [0-9.]*' "$here/../../CMakeLists.txt" | cut -d' ' -f3)
+
+: > "$work/files.txt"
+for deb in "$packages"/*.deb; do
+    name=$(dpkg-deb -f "$deb" Package)
+    dpkg-deb -x "$deb" "$root"
+    dpkg-deb -c "$deb" | awk '{ print $6 }' | grep -v '/$' |
+        sed "s|^\./||; s|$arch|MULTIARCH|; s|^|$name: |" >> "$work/files.txt"
+    echo "$name: Depends: $(dpkg-deb -f "$deb" Depends)" >> "$work/depends.txt"
+done
+sort -o "$work/files.txt" "$work/files.txt"
+diff -u "$expected" "$work/files.txt" || { echo "the packages hold other files than $expected"; exit 1; }
+
+requires() { # PACKAGE TEXT: the package's Depends field holds the text
+    local field
+    field=$(grep "^$1: " "$work/depends.txt")
+    [[ $field == *"$2"* ]] || { echo "$1 should depend on $2: $field"; exit 1; }
+}
+requires libui "libui-host-platform (= $version)"
+requires libui-host-platform libfreetype6
+requires ui-simulator "libui (= $version)"
+if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui "; then
+    echo "the stand-ins depend on the library"
+    exit 1
+fi
+
+# A consumer finds the library in the root with find_package.
+export LD_LIBRARY_PATH=$root/usr/lib/$arch
+cmake -S "$here/../install" -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$root/usr" > "$work/consumer.log" 2>&1 &&
+    cmake --build "$work/consumer" >> "$work/consumer.log" 2>&1 || { cat "$work/consumer.log"; exit 1; }
+"$work/consumer/consumer"
+
+# The simulator runs from the root, its data found beside it, its output where it was asked.
+printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
+(cd "$work" && "$root/usr/bin/ui-simulator" --script short.session --out out > simulator.log 2>&1) ||
+    { cat "$work/simulator.log"; exit 1; }
+[ -s "$work/out/03_menu.png" ] || { echo "the simulator drew nothing"; cat "$work/simulator.log"; exit 1; }
+
+echo "$(ls "$packages"/*.deb | wc -l) packages, $(wc -l < "$work/files.txt") files, as listed in $expected;"
+echo "installed into $root: a consumer builds against them, the simulator plays a session"

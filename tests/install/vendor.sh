@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
 # The same tree builds the library for a terminal, against the vendor's platform libraries and
 # headers instead of our stand-ins. The stand-ins, installed on their own into a scratch root,
-# play the vendor's SDK here. Usage: vendor.sh BUILD_DIR SOURCE_DIR WORK_DIR
+# play the vendor's SDK here. Usage: vendor.sh BUILD_DIR SOURCE_DIR WORK_DIR [CMAKE_ARGUMENT...]
+# (a cross build passes its toolchain file and sysroot)
 set -euo pipefail
 build=$1 source=$2 work=$3
+shift 3
 rm -rf "$work"
 log=$work.log
 fail() { echo "$1"; tail -30 "$log"; exit 1; }
 cmake --install "$build" --component platform --prefix "$work/sdk" > "$log" 2>&1 || fail "no SDK"
-cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_ROOT="$work/sdk" \
-    -DCMAKE_TOOLCHAIN_FILE="${UI_TOOLCHAIN_FILE:-}" >> "$log" 2>&1 || fail "configure failed"
+cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_ROOT="$work/sdk" "$@" \
+    >> "$log" 2>&1 || fail "configure failed"
 grep -q "Vendor platform: $work/sdk/lib" "$log" || fail "the vendor's libraries were not the ones found"
 cmake --build "$work/build" >> "$log" 2>&1 || fail "build failed"
 # Only the library: none of our stand-ins, tests or simulator was built.

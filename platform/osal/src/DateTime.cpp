@@ -30,7 +30,12 @@ boost::posix_time::ptime date_time::ptime_from_epoch(int64_t secondsSinceEpoch) 
         --days;
         rest += day;
     }
+    // Outside the calendar's years (1400 to 9999) Boost's day arithmetic would overflow.
     static const boost::gregorian::date epoch(1970, 1, 1);
+    static const int64_t first = (boost::gregorian::date(1400, 1, 1) - epoch).days();
+    static const int64_t last = (boost::gregorian::date(9999, 12, 31) - epoch).days();
+    if (days < first || days > last)
+        throw boost::gregorian::bad_year();
     return boost::posix_time::ptime(epoch + boost::gregorian::days(long(days)),
                                     boost::posix_time::seconds(long(rest)));
 }

@@ -202,6 +202,15 @@ inline bool eventually(const std::function<bool()>& condition) {
     return condition();
 }
 
+// Waits until the keypad thread has read count keys and is done with the last one: it has begun
+// to wait for the next.
+inline bool keysHandled(uint64_t count) {
+    if (!eventually([&] { return xui_host::keysRead() == count; }))
+        return false;
+    const uint64_t waits = xui_host::keyWaits();
+    return eventually([&] { return xui_host::keyWaits() > waits; });
+}
+
 // The thread count to compare with: a thread that the set-up joined may still be listed, for
 // long on a loaded machine under an emulator. Waits until the count holds still for 100 ms.
 inline int settledThreadCount() {

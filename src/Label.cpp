@@ -1,5 +1,6 @@
 #include "ui/Label.hpp"
 
+#include "TextFit.hpp"
 #include "ui/Xui.hpp"
 
 #include <osal/resource.hpp>
@@ -9,49 +10,7 @@
 #include <utility>
 
 std::vector<std::string> WrapText(const std::string& text, unsigned int width) {
-    std::vector<std::string> words = splitOnDelimeters(text, " ");
-    std::vector<std::string> lines;
-    if (words.empty())
-        return lines;
-
-    std::size_t cursor = 0;
-    std::string current = words[0];
-    while (cursor < words.size()) {
-        const unsigned measured = ui::fonts::GetTextWidth(current.c_str());
-        if (measured < width) {
-            if (cursor + 1 == words.size()) {
-                lines.push_back(trim(current, " "));
-                break;
-            }
-            current += " " + words[++cursor];
-        } else if (measured == width) {
-            // Full to the pixel; kept untrimmed.
-            ++cursor;
-            lines.push_back(current);
-            if (cursor < words.size())
-                current = words[cursor];
-        } else {
-            std::size_t cut;
-            const auto space = current.rfind(' ');
-            if (space != std::string::npos) {
-                cut = space + 1;
-            } else {
-                // One word too wide for the line: keep its longest prefix that fits, at least
-                // one character, and carry the rest to the next line.
-                cut = 1;
-                for (std::size_t k = current.size(); k > 0; --k) {
-                    if (ui::fonts::GetTextWidth(current.substr(0, k).c_str()) <= width) {
-                        cut = k;
-                        break;
-                    }
-                }
-                words[cursor] = trim(current.substr(cut), " ");
-            }
-            lines.push_back(trim(current.substr(0, cut), " "));
-            current = words[cursor];
-        }
-    }
-    return lines;
+    return ui::detail::wrapText(text, width, [](const char* line) { return ui::fonts::GetTextWidth(line); });
 }
 
 namespace ui {

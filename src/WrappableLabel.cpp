@@ -1,4 +1,6 @@
 #include "ui/Label.hpp"
+
+#include "TextFit.hpp"
 #include "ui/Xui.hpp"
 
 #include <osal/localization.hpp>
@@ -28,7 +30,7 @@ void WrappableLabel::wrapText(StringId id) {
 }
 
 void WrappableLabel::wrapText(const std::string& text) {
-    std::vector<std::string> words = splitOnDelimeters(text, " ");
+    detail::WordCursor words(splitOnDelimeters(text, " "));
     const unsigned width = getWidth();
     const unsigned height = getHeight();
     unsigned y = getY();
@@ -37,50 +39,43 @@ void WrappableLabel::wrapText(const std::string& text) {
 
     // No words, no lines; the block is still placed below.
     if (!words.empty()) {
-        std::size_t cursor = 0;
-        std::string current = words[0];
-        bool finished = false;
-        while (!finished && used <= height) {
-            unsigned measured = 0;
-            while (cursor < words.size()) {
-                measured = fonts::GetTextWidth(current.c_str());
-                if (measured >= width)
+        const auto measure = [](const char* line) { return fonts::GetTextWidth(line); };
+        detail::LineFitter<decltype(measure)> fitter(width, measure);
+        const auto addLine = [&](const std::string& line) {
+            fitter.lineMade(line.size());
+            makeLine(line, y);
+        };
+        while (used <= height) {
+            detail::Fit fit = detail::Fit::Narrower;
+            while (!words.done()) {
+                fit = fitter.compare(words.current());
+                if (fit != detail::Fit::Narrower)
                     break;
-                if (cursor + 1 == words.size())
-                    makeLine(trim(current, " "), y);
-                else
-                    current += " " + words[cursor + 1];
-                ++cursor;
-                if (height < used) {
-                    finished = true;
-                    break;
-                }
-            }
-            if (finished || cursor >= words.size())
-                break;
-            if (measured > width) {
-                std::size_t cut = 0;
-                const auto space = current.rfind(' ');
-                if (space != std::string::npos) {
-                    cut = space + 1;
+                if (words.atLastWord()) {
+                    addLine(trim(std::string(words.current()), " "));
+                    words.advance();
                 } else {
-                    // No minimum here: when not even one character fits the line stays empty
-                    // and the word is tried again on the next, until the height runs out.
-                    for (std::size_t k = current.size(); k > 0; --k) {
-                        if (fonts::GetTextWidth(current.substr(0, k).c_str()) <= width) {
-                            cut = k;
-                            break;
-                        }
-                    }
+                    words.appendNextWord();
                 }
-                words[cursor] = trim(current.substr(cut), " ");
-                current = trim(current.substr(0, cut), " ");
-            } else {
-                ++cursor; // exactly full
             }
-            makeLine(current, y);
-            if (cursor < words.size())
-                current = words[cursor];
+            if (words.done())
+                break;
+            const std::string_view current = words.current();
+            std::string line;
+            if (fit == detail::Fit::Exact) {
+                line = std::string(current);
+                words.advance();
+            } else if (const auto space = words.lastSpace(); space != std::string_view::npos) {
+                line = trim(std::string(current.substr(0, space + 1)), " ");
+                words.restartAtWord();
+            } else {
+                // No minimum here: when not even one character fits the line stays empty and
+                // the word is tried again on the next, until the height runs out.
+                const std::size_t cut = fitter.longestFit();
+                line = trim(std::string(current.substr(0, cut)), " ");
+                words.cutWord(cut);
+            }
+            addLine(line);
             y += lineHeight_;
             used += lineHeight_;
         }

@@ -13,6 +13,12 @@
 // Greedy line breaking on spaces, measured at the default font size. A line may end exactly
 // at the width; a word wider than the whole width is cut character by character (bytes), and
 // every line takes at least one character. A "\n" is an ordinary character here.
+//
+// Where a long word is cut is found without measuring every prefix of it, relying on one
+// assumption about the terminal's font: appending a whole character to a text never makes it
+// measure narrower (a byte outside a complete UTF-8 sequence counts as a character). A prefix
+// that ends inside a multi-byte character is measured exactly. So the cost of a line grows
+// with the line, not with the rest of the text; WrappableLabel cuts words the same way.
 std::vector<std::string> WrapText(const std::string& text, unsigned int width);
 
 // Identifies a localized string (see Localization::getLocalizedString).

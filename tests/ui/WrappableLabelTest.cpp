@@ -52,25 +52,6 @@ TEST_F(WrappableLabelTest, ALineExactlyFullCountsOneLineAhead) {
     EXPECT_EQ(lines(label), (Lines{"60:Approved"}));
 }
 
-TEST_F(WrappableLabelTest, AWordWiderThanTheBoxIsCut) {
-    const std::string word = "ABCDEFGHIJKLMNOP";
-    ui::WrappableLabel label(0, 0, width(word) / 2, 200, Origin::Left, Origin::Top);
-    label.wrapText(word);
-    auto drawn = lines(label);
-    ASSERT_GE(drawn.size(), 2u);
-    std::string joined;
-    for (const auto& l : drawn)
-        joined += l.substr(l.find(':') + 1);
-    EXPECT_EQ(joined, word);
-    EXPECT_LE(width(drawn[0].substr(drawn[0].find(':') + 1)), width(word) / 2);
-}
-
-TEST_F(WrappableLabelTest, NarrowerThanACharacter_EmptyLinesUntilTheBudgetRunsOut) {
-    ui::WrappableLabel label(0, 0, 1, 60, Origin::Left, Origin::Top);
-    label.wrapText("W");
-    EXPECT_TRUE(lines(label).empty()); // three empty lines, nothing to paint
-}
-
 TEST_F(WrappableLabelTest, Moves_KeepTheLayout) {
     ui::WrappableLabel label(10, 20, width("Remove"), 100, Origin::Left, Origin::Top);
     label.wrapText("Remove card");

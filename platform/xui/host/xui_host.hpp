@@ -60,6 +60,15 @@ uint64_t framesShown();
 // Waits until at least count frames have been shown; false on time-out.
 bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout);
 
+// Text measurements -------------------------------------------------------------------------
+// XuiTextWidth calls since start-up or the last reset(), and the bytes they measured: on a
+// terminal the vendor's measuring is what a layout costs.
+struct TextMeasurements {
+    uint64_t calls = 0;
+    uint64_t bytes = 0;
+};
+TextMeasurements textMeasurements();
+
 // Pixels ------------------------------------------------------------------------------------
 struct Pixels {
     unsigned width = 0;

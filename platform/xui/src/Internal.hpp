@@ -84,6 +84,8 @@ struct State {
     std::map<int, std::string> imageFiles; // image id -> the file it was loaded from
     bool failNextOpen = false;
     bool animationPinned = false;
+    uint64_t measuredTexts = 0; // XuiTextWidth calls
+    uint64_t measuredBytes = 0; // and the bytes they measured
     std::chrono::milliseconds pinnedAnimationTime{0};
 };
 

@@ -279,6 +279,8 @@ int XuiCanvasDrawText(XuiWindow* canvas, unsigned x, unsigned y, unsigned size, 
 int XuiTextWidth(XuiFont* font, int size, const char* text) {
     auto& s = state();
     Lock lock(s.mutex);
+    ++s.measuredTexts;
+    s.measuredBytes += text ? std::strlen(text) : 0;
     Font* f = findFont(font);
     if (!f || size <= 0 || unsigned(size) > kMaxTextSize)
         return 0;
@@ -584,9 +586,17 @@ void reset() {
         s.imageFiles.clear();
         s.failNextOpen = false;
         s.animationPinned = false;
+        s.measuredTexts = 0;
+        s.measuredBytes = 0;
     }
     keysReset();
     traceReset();
+}
+
+TextMeasurements textMeasurements() {
+    auto& s = state();
+    Lock lock(s.mutex);
+    return {s.measuredTexts, s.measuredBytes};
 }
 
 Pixels screen() {

@@ -1,0 +1,267 @@
+// The fast line breaking against the straightforward one: every length tried from the longest
+// down. Both must give the same lines on any text and width, with the real font and with made-up
+// fonts that keep to the one assumption (appending a character never narrows a text) while
+// measuring cut sequences in their own odd ways.
+#include "Support.hpp"
+
+#include "TextFit.hpp"
+#include "ui/Label.hpp"
+#include "ui/Xui.hpp"
+
+#include <functional>
+#include <random>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using Measure = std::function<unsigned(const char*)>;
+
+// The breaking as first written, one prefix measurement per byte.
+Lines referenceWrapText(const std::string& text, unsigned width, const Measure& measure) {
+    std::vector<std::string> words = splitOnDelimeters(text, " ");
+    Lines lines;
+    if (words.empty())
+        return lines;
+    std::size_t cursor = 0;
+    std::string current = words[0];
+    while (cursor < words.size()) {
+        const unsigned measured = measure(current.c_str());
+        if (measured < width) {
+            if (cursor + 1 == words.size()) {
+                lines.push_back(trim(current, " "));
+                break;
+            }
+            current += " " + words[++cursor];
+        } else if (measured == width) {
+            ++cursor;
+            lines.push_back(current);
+            if (cursor < words.size())
+                current = words[cursor];
+        } else {
+            std::size_t cut;
+            const auto space = current.rfind(' ');
+            if (space != std::string::npos) {
+                cut = space + 1;
+            } else {
+                cut = 1;
+                for (std::size_t k = current.size(); k > 0; --k) {
+                    if (measure(current.substr(0, k).c_str()) <= width) {
+                        cut = k;
+                        break;
+                    }
+                }
+                words[cursor] = trim(current.substr(cut), " ");
+            }
+            lines.push_back(trim(current.substr(0, cut), " "));
+            current = words[cursor];
+        }
+    }
+    return lines;
+}
+
+// The wrappable label's breaking as first written: the lines it makes, and the height used.
+struct Block {
+    Lines lines;
+    unsigned used = 0;
+};
+Block referenceBlock(const std::string& text, unsigned width, unsigned height) {
+    const auto measure = [](const std::string& s) { return ui::fonts::GetTextWidth(s.c_str()); };
+    std::vector<std::string> words = splitOnDelimeters(text, " ");
+    Block block;
+    block.used = 20;
+    if (words.empty())
+        return block;
+    std::size_t cursor = 0;
+    std::string current = words[0];
+    while (block.used <= height) {
+        unsigned measured = 0;
+        while (cursor < words.size()) {
+            measured = measure(current);
+            if (measured >= width)
+                break;
+            if (cursor + 1 == words.size())
+                block.lines.push_back(trim(current, " "));
+            else
+                current += " " + words[cursor + 1];
+            ++cursor;
+        }
+        if (cursor >= words.size())
+            break;
+        if (measured > width) {
+            std::size_t cut = 0;
+            const auto space = current.rfind(' ');
+            if (space != std::string::npos) {
+                cut = space + 1;
+            } else {
+                for (std::size_t k = current.size(); k > 0; --k) {
+                    if (measure(current.substr(0, k)) <= width) {
+                        cut = k;
+                        break;
+                    }
+                }
+            }
+            words[cursor] = trim(current.substr(cut), " ");
+            current = trim(current.substr(0, cut), " ");
+        } else {
+            ++cursor;
+        }
+        block.lines.push_back(current);
+        if (cursor < words.size())
+            current = words[cursor];
+        block.used += 20;
+    }
+    return block;
+}
+
+// A made-up font: every complete character has a width of its own (some none at all), every
+// byte outside one is drawn as a wide replacement, and a sequence cut short at the very end is
+// either drawn so too or not at all.
+unsigned madeUpWidth(const char* text, bool dropCutEnd) {
+    const auto* p = reinterpret_cast<const unsigned char*>(text);
+    unsigned width = 0;
+    while (*p) {
+        const unsigned n = *p < 0x80                 ? 1
+                           : *p >= 0xC2 && *p < 0xE0 ? 2
+                           : *p >= 0xE0 && *p < 0xF0 ? 3
+                           : *p >= 0xF0 && *p < 0xF5 ? 4
+                                                     : 0;
+        unsigned have = 1;
+        while (n > 1 && have < n && (p[have] & 0xC0) == 0x80)
+            ++have;
+        if (n == 1) {
+            width += *p == '\n' ? 0 : 3 + *p % 9;
+            ++p;
+        } else if (n > 1 && have == n) {
+            width += 7 + p[n - 1] % 11;
+            p += n;
+        } else if (n > 1 && p[have] == 0 && dropCutEnd) {
+            break;
+        } else {
+            width += 15;
+            ++p;
+        }
+    }
+    return width;
+}
+
+// Text built to hit every path: words of every kind of byte, runs of spaces, long words.
+std::string randomText(std::mt19937& rng) {
+    static const std::vector<std::string> pieces = {"a",
+                                                    "W",
+                                                    "i",
+                                                    "m",
+                                                    "0",
+                                                    "7",
+                                                    ".",
+                                                    "-",
+                                                    "\n",
+                                                    "\t",
+                                                    "\xC3\xA9",
+                                                    "\xC3\xBC",
+                                                    "\xE2\x82\xAC",
+                                                    "\xE4\xB8\xAD",
+                                                    "\xF0\x9F\x92\xB3",
+                                                    "\xC3",
+                                                    "\xE2\x82",
+                                                    "\xF0\x9F\x92",
+                                                    "\x80",
+                                                    "\xBF",
+                                                    "\xC0",
+                                                    "\xC1",
+                                                    "\xF5",
+                                                    "\xFF",
+                                                    "\xED\xA0\x80"};
+    std::uniform_int_distribution<int> words(0, 6), kind(0, 9), piece(0, int(pieces.size()) - 1), space(1, 3);
+    std::string text;
+    const int count = words(rng);
+    for (int w = 0; w < count; ++w) {
+        if (w > 0 || kind(rng) == 0)
+            text.append(kind(rng) == 0 ? size_t(space(rng)) : 1, ' ');
+        const int length = kind(rng) == 0 ? 8 + kind(rng) * 5 : 1 + kind(rng);
+        for (int i = 0; i < length; ++i)
+            text += kind(rng) < 6 ? pieces[size_t(piece(rng)) % 5] : pieces[size_t(piece(rng))];
+    }
+    if (kind(rng) == 0)
+        text += "  ";
+    return text;
+}
+
+unsigned randomWidth(std::mt19937& rng, unsigned glyph) {
+    switch (std::uniform_int_distribution<int>(0, 5)(rng)) {
+    case 0:
+        return std::uniform_int_distribution<unsigned>(0, 1)(rng);
+    case 1:
+        return glyph - 2 + std::uniform_int_distribution<unsigned>(0, 4)(rng);
+    case 2:
+        return 0xFFFFFFFFu;
+    default:
+        return std::uniform_int_distribution<unsigned>(20, 320)(rng);
+    }
+}
+
+std::string shown(const std::string& text) {
+    std::string out;
+    for (unsigned char c : text) {
+        char hex[8];
+        std::snprintf(hex, sizeof hex, c < 0x20 || c >= 0x7F ? "\\x%02X" : "%c", c);
+        out += hex;
+    }
+    return out;
+}
+
+class TextFitTest : public test::PlatformTest {};
+
+TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
+    std::mt19937 rng(20261122);
+    const std::vector<std::pair<std::string, Measure>> fonts = {
+        {"font", [](const char* s) { return ui::fonts::GetTextWidth(s); }},
+        {"replacing", [](const char* s) { return madeUpWidth(s, false); }},
+        {"dropping", [](const char* s) { return madeUpWidth(s, true); }}};
+    for (int i = 0; i < 24000; ++i) {
+        const auto& [name, measure] = fonts[size_t(i) % fonts.size()];
+        const std::string text = i < 3 ? std::string() : randomText(rng);
+        const unsigned width = randomWidth(rng, name == "font" ? 10 : 9);
+        const Lines expected = referenceWrapText(text, width, measure);
+        ASSERT_EQ(ui::detail::wrapText(text, width, measure), expected)
+            << "case " << i << ", " << name << ", width " << width << ", text \"" << shown(text) << "\"";
+        if (name == "font") { // and through the public function
+            ASSERT_EQ(WrapText(text, width), expected);
+        }
+    }
+}
+
+TEST_F(TextFitTest, WrappableLabelMakesTheLinesOfTheDownwardSearch) {
+    std::mt19937 rng(7);
+    XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 320, 216);
+    for (int i = 0; i < 3000; ++i) {
+        const std::string text = randomText(rng);
+        const unsigned width = randomWidth(rng, 10) % 400;
+        const unsigned height = std::uniform_int_distribution<unsigned>(0, 200)(rng);
+        const auto vertical = ui::utils::Origin(std::uniform_int_distribution<int>(0, 4)(rng));
+
+        ui::WrappableLabel label(5, 7, width, height, ui::utils::Centre, vertical);
+        label.wrapText(text);
+
+        // The same block made by hand from the reference's lines.
+        const Block block = referenceBlock(text, width, height);
+        unsigned firstY = vertical == ui::utils::Bottom   ? 7 + height - block.used
+                          : vertical == ui::utils::Centre ? 7 + (height - block.used) / 2
+                                                          : 7;
+        std::vector<std::string> expected, actual;
+        for (std::size_t line = 0; line < block.lines.size(); ++line) {
+            const unsigned y =
+                vertical == ui::utils::Top ? 7 + 20 * unsigned(line) : firstY + 20 * unsigned(line);
+            ui::Label l(5, y, width, 20);
+            l.setAlignment(ui::utils::Centre);
+            l.setText(block.lines[line]);
+            for (const auto& call : test::drawCalls(l, "CanvasDrawText", canvas))
+                expected.push_back(call.str());
+        }
+        for (const auto& call : test::drawCalls(label, "CanvasDrawText", canvas))
+            actual.push_back(call.str());
+        ASSERT_EQ(actual, expected) << "case " << i << ", width " << width << ", height " << height
+                                    << ", text \"" << shown(text) << "\"";
+    }
+}
+
+} // namespace

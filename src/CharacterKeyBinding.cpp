@@ -1,6 +1,5 @@
 #include "ui/TextEntry.hpp"
 
-#include <cctype>
 
 using device::input::Key;
 
@@ -10,9 +9,20 @@ bool isDigitKey(Key key) {
     return key >= device::input::KEY_1 && key <= device::input::KEY_0;
 }
 
+// The "C" locale's classes whatever locale the application has set: in Latin-1 the bytes of
+// a UTF-8 "£" would otherwise pass as a letter and a symbol.
+bool isLetter(unsigned char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+bool isDigit(unsigned char c) {
+    return c >= '0' && c <= '9';
+}
+bool isSymbol(unsigned char c) {
+    return c > ' ' && c < 0x7F && !isLetter(c) && !isDigit(c);
+}
+
 bool inSet(unsigned char c, unsigned set) {
-    return ((set & Characters) && std::isalpha(c)) || ((set & Numbers) && c >= '0' && c <= '9') ||
-           ((set & Symbols) && std::ispunct(c));
+    return ((set & Characters) && isLetter(c)) || ((set & Numbers) && isDigit(c)) || ((set & Symbols) && isSymbol(c));
 }
 
 // The multi-tap cycle of the one field being edited. Only the keypad thread types, one key at a

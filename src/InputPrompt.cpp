@@ -39,10 +39,9 @@ void InputPrompt::setTextbox(std::shared_ptr<ITextComponent> textbox) {
 }
 
 void InputPrompt::setText(const StringId& text) {
-    // Looked up before the old message goes, so that an unknown identifier loses nothing.
-    const std::string message = Localization::getLocalizedString(text);
+    // The old message goes first: an unknown identifier leaves the prompt with its box alone.
     elements_.clear();
-    elements_ = centerOfScreenFormatting(message);
+    elements_ = centerOfScreenFormatting(Localization::getLocalizedString(text));
 }
 
 void InputPrompt::setMessage(std::shared_ptr<ProxyLabel> label) {

@@ -47,7 +47,8 @@ public:
     void setTextbox(std::shared_ptr<ITextComponent> textbox);
     // Replace the message, wrapped at 24 characters and centred on the screen. The text box
     // does not move: apply AlignCenter again to place it under a message of another height.
-    // An unknown identifier throws LocalizationException and keeps the old message.
+    // The old message is dropped before the lookup: an unknown identifier throws
+    // LocalizationException and leaves the prompt with its text box alone.
     void setText(const StringId& text);
     // Only the label's text is used; a null label changes nothing.
     void setMessage(std::shared_ptr<ProxyLabel> label);

@@ -14,8 +14,9 @@
 
 // Multi-tap -----------------------------------------------------------------------------------
 
-// Character classes a text field accepts, as a bit mask. The tests are the C library's, in
-// the "C" locale, on single bytes: the bytes of two-byte characters such as £ belong to none.
+// Character classes a text field accepts, as a bit mask. The classes are those of the "C"
+// locale whatever locale the application has set, on single bytes: the bytes of two-byte
+// characters such as £ belong to none.
 enum CharacterSet : unsigned {
     Characters = 1, // isalpha
     Numbers = 2,    // '0' to '9'

@@ -228,12 +228,13 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
     ui::input::AlignCenter(prompt); // the copy shares the box
     EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "128 " + pound + "0.00"}));
 
-    // An unknown identifier keeps the old message; so does a null label.
-    EXPECT_THROW(view->prompt.setText(404), LocalizationException);
+    // A null label keeps the message; an unknown identifier has already dropped it when it throws.
     view->prompt.setMessage(nullptr);
+    EXPECT_EQ(placed().size(), 3u);
+    EXPECT_THROW(view->prompt.setText(404), LocalizationException);
+    EXPECT_EQ(placed(), (Lines{"128 " + pound + "0.00"}));
     auto label = std::make_shared<ui::ProxyLabel>(5, 5, 300, 20);
     label->setText(std::string("Thank you"));
-    EXPECT_EQ(placed().size(), 3u);
     view->prompt.setMessage(label);
     EXPECT_EQ(placed(), (Lines{"98 Thank you", "128 " + pound + "0.00"}));
 }

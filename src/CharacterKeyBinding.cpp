@@ -1,6 +1,5 @@
 #include "ui/TextEntry.hpp"
 
-
 using device::input::Key;
 
 namespace {
@@ -22,7 +21,8 @@ bool isSymbol(unsigned char c) {
 }
 
 bool inSet(unsigned char c, unsigned set) {
-    return ((set & Characters) && isLetter(c)) || ((set & Numbers) && isDigit(c)) || ((set & Symbols) && isSymbol(c));
+    return ((set & Characters) && isLetter(c)) || ((set & Numbers) && isDigit(c)) ||
+           ((set & Symbols) && isSymbol(c));
 }
 
 // The multi-tap cycle of the one field being edited. Only the keypad thread types, one key at a

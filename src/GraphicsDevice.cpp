@@ -64,6 +64,7 @@ public:
 private:
     void renderLoop();
     void applyBackgrounds();
+    static void setBackgrounds(_XuiWindow* back, _XuiWindow* front, resource::BrandingColorId colour);
 
     std::atomic<bool> running{true};
     std::atomic<bool> open{false};
@@ -140,10 +141,15 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
         const unsigned bar = static_cast<unsigned>(params.statusbar);
         mainSize = {0, 0, width, root->height - bar};
         headerSize = {0, 0, width, bar};
+        // Each pair gets its background before the next pair is made, as the terminal does.
         mainBack = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
         mainFront = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
+        if (mainBack && mainFront)
+            setBackgrounds(mainBack, mainFront, resource::BRAND_MAIN_BACKGROUND);
         headerBack = Xui::CreateCanvas(statusbarCanvas, 0, 0, headerSize.width, headerSize.height);
         headerFront = Xui::CreateCanvas(statusbarCanvas, 0, 0, headerSize.width, headerSize.height);
+        if (headerBack && headerFront)
+            setBackgrounds(headerBack, headerFront, resource::BRAND_HEADER_BACKGROUND);
     }
     if (!mainBack || !mainFront || !headerBack || !headerFront) {
         // The device stays closed, as when the display does not open, and draws nothing.
@@ -155,20 +161,19 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
         mainBack = mainFront = headerBack = headerFront = nullptr;
         mainSize = headerSize = {};
         open = false;
-        return;
     }
-    applyBackgrounds();
+}
+
+void GraphicsDevice::GraphicsDeviceImpl::setBackgrounds(_XuiWindow* back, _XuiWindow* front,
+                                                        resource::BrandingColorId colour) {
+    const XuiColor background = fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(colour));
+    Xui::CanvasSetBackground(back, XUI_BG_NORMAL, nullptr, background);
+    Xui::CanvasSetBackground(front, XUI_BG_NORMAL, nullptr, background);
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::applyBackgrounds() {
-    const XuiColor main =
-        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND));
-    const XuiColor header =
-        fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(resource::BRAND_HEADER_BACKGROUND));
-    Xui::CanvasSetBackground(mainBack, XUI_BG_NORMAL, nullptr, main);
-    Xui::CanvasSetBackground(mainFront, XUI_BG_NORMAL, nullptr, main);
-    Xui::CanvasSetBackground(headerBack, XUI_BG_NORMAL, nullptr, header);
-    Xui::CanvasSetBackground(headerFront, XUI_BG_NORMAL, nullptr, header);
+    setBackgrounds(mainBack, mainFront, resource::BRAND_MAIN_BACKGROUND);
+    setBackgrounds(headerBack, headerFront, resource::BRAND_HEADER_BACKGROUND);
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::switchBuffers(_XuiWindow** a, _XuiWindow** b,

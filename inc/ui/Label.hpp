@@ -71,11 +71,12 @@ public:
 
 private:
     mutable std::mutex mutex_;
-    unsigned int colour_;
+    // Set by the application while the rendering thread draws (a decline turning the text red).
+    utl::relaxed<unsigned int> colour_;
     std::vector<std::string> lines_;
-    utils::Origin alignment_ = utils::Left;
-    bool verticalAlignment_ = true;
-    unsigned int fontSize_;
+    utl::relaxed<utils::Origin> alignment_ = utils::Left;
+    utl::relaxed<bool> verticalAlignment_ = true;
+    utl::relaxed<unsigned int> fontSize_;
 };
 
 // A block of text with one single-line label per line, so that lines can be placed on their

@@ -106,7 +106,7 @@ public:
 private:
     void showDecorated();
 
-    bool focus_ = false;
+    utl::relaxed<bool> focus_ = false; // moved by a key while the list is drawn
     std::string prefix_;
     std::string suffix_;
     menu::MenuItem item_;

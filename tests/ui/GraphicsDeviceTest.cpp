@@ -55,27 +55,28 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     xui_host::reset();
     xui_host::setTracing(true);
     device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{12345678, 24});
+    // Each call with the canvas it is about; canvases are named in creation order (c3 to c6).
     std::vector<std::string> sequence;
     for (const auto& c : xui_host::trace())
-        sequence.push_back(c.function);
+        sequence.push_back(c.function +
+                           (c.function == "Open" || c.function == "CreateCanvas" ? "" : " " + c.args[0]));
     const std::vector<std::string> expected = {"Open",
                                                "CreateCanvas",
                                                "CreateCanvas",
+                                               "CanvasSetBackground c3",
+                                               "CanvasSetBackground c4",
                                                "CreateCanvas",
                                                "CreateCanvas",
-                                               "CanvasSetBackground",
-                                               "CanvasSetBackground",
-                                               "CanvasSetBackground",
-                                               "CanvasSetBackground",
-                                               "ShowWindow",
-                                               "ShowWindow"};
+                                               "CanvasSetBackground c5",
+                                               "CanvasSetBackground c6",
+                                               "ShowWindow c4",
+                                               "ShowWindow c5"};
     EXPECT_EQ(sequence, expected);
     // Each argument is cut to 14 characters and its terminator.
     EXPECT_EQ(xui_host::trace("Open")[0].str(), "Open(\"ROTATE=1234567\", \"STATUSBAR=24\")");
     auto creates = xui_host::trace("CreateCanvas");
     EXPECT_EQ(creates[0].str(), "CreateCanvas(root, 0, 0, 320, 216)");
     EXPECT_EQ(creates[2].str(), "CreateCanvas(statusbar, 0, 0, 320, 24)");
-    // Canvases are named in creation order: main back c3, main front c4, header back c5.
     EXPECT_EQ(calls("ShowWindow"),
               (std::vector<std::string>{"ShowWindow(c4, 1, 0)", "ShowWindow(c5, 1, 0)"}));
 }

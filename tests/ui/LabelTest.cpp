@@ -1,6 +1,7 @@
 #include "Support.hpp"
 
 #include "ui/Label.hpp"
+#include "ui/Menu.hpp"
 #include "ui/Xui.hpp"
 
 namespace {
@@ -188,6 +189,36 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     EXPECT_EQ(target.getText(), "Sale");
     EXPECT_EQ(looks(target), sale);
     EXPECT_EQ(moved.getText(), "X"); // swapped
+}
+
+} // namespace
+
+namespace {
+
+// A decline turns a label red and a key moves a list's focus while the rendering thread draws
+// them: ThreadSanitizer reports any of these fields read and written unguarded.
+TEST_F(LabelTest, StyleAndFocusChangeWhileFramesAreDrawn) {
+    ui::Label label(0, 0, 300, 40);
+    label.setText("Declined");
+    ui::ListItem item(0, 40, 300, 20, ui::menu::MenuItem(1, "Sale", false));
+    XuiWindow* target = canvas();
+    std::atomic<bool> stop{false};
+    std::thread frames([&] {
+        while (!stop) {
+            label.draw(target);
+            item.draw(target);
+        }
+    });
+    for (unsigned i = 0; i < 300; ++i) {
+        label.setColor(i % 2 ? 0xFF0000FFu : 0x00FF00FFu);
+        label.setAlignment(i % 3 == 0 ? ui::utils::Centre : ui::utils::Right);
+        label.verticalAlignment(i % 2 == 0);
+        label.setFontSize(18 + i % 4);
+        item.setFocus(i % 2 == 1);
+        std::this_thread::yield();
+    }
+    stop = true;
+    frames.join();
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The terminal simulator: the demo payment application on the library, headless (plays a
 // session script and records it) or in a window (the keyboard as keypad).
+#include "Script.hpp"
 #include "SdlWindow.hpp"
 #include "Session.hpp"
 
@@ -51,7 +52,8 @@ int main(int argc, char** argv) {
                   << "Without --window it plays a session script and writes, under --out, a picture per\n"
                   << "step, session.gif, timeline.txt (LEDs and tones), tones.wav and storyboard.html.\n\n"
                   << demo::windowKeys() << "\n"
-                  << options;
+                  << options << "\n"
+                  << demo::scriptHelp();
         return 0;
     }
 

@@ -77,9 +77,29 @@ std::shared_ptr<ui::Label> label(unsigned y, unsigned height, const std::string&
     return l;
 }
 
-// The line of key help at the foot of a screen.
-std::shared_ptr<ui::Label> hint(const std::string& s) {
-    return label(screenHeight() - 20, 20, s, 14, resource::BRAND_SECONDARY_TEXT);
+// The line of key help at the foot of a screen. A label makes one space of a run of spaces,
+// so each hint the text holds ("ENTER: confirm   CANCEL: back") is a label of its own, centred
+// in its share of the line.
+std::shared_ptr<app::Screen> hint(const std::string& s) {
+    std::vector<std::string> parts;
+    for (std::size_t start = 0; start < s.size();) {
+        const std::size_t gap = s.find("  ", start);
+        const std::size_t end = gap == std::string::npos ? s.size() : gap;
+        if (end > start)
+            parts.push_back(s.substr(start, end - start));
+        start = s.find_first_not_of(' ', end);
+        if (start == std::string::npos)
+            break;
+    }
+    auto line = std::make_shared<app::Screen>(0, screenHeight() - 20, screenWidth(), 20);
+    const unsigned cell = parts.empty() ? screenWidth() : screenWidth() / unsigned(parts.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        auto l = label(screenHeight() - 20, 20, parts[i], 14, resource::BRAND_SECONDARY_TEXT);
+        l->setX(unsigned(i) * cell);
+        l->setWidth(cell);
+        line->add(l);
+    }
+    return line;
 }
 
 std::shared_ptr<ui::Title> title(StringId caption) {
@@ -130,7 +150,7 @@ private:
     PaymentApp& app_;
 };
 
-PaymentApp::PaymentApp(const AppOptions& options) : ui_(options.display) {
+PaymentApp::PaymentApp(const AppOptions& options) : ui_(options.display), moment_(options.moment) {
     ui_.initialize();
     graphics_ = ui::ServiceLocator::getGraphicsService();
     header_ = std::make_shared<app::StatusHeader>(kRes);
@@ -165,13 +185,21 @@ void PaymentApp::received(std::function<void()> work) {
 
 void PaymentApp::indicate(ui::State state) {
     ++indicatorChanges_;
+    indicated_ = state;
     ui::ServiceLocator::updateContactlessIndicator(state);
+}
+
+void PaymentApp::moment(const std::string& what) {
+    if (moment_)
+        moment_(what);
 }
 
 void PaymentApp::show(const std::shared_ptr<DemoScreen>& screen) {
     if (current_)
         current_->onHide();
     current_ = screen;
+    if (screen != idle_)
+        idle_.reset();
     graphics_->setContext(screen);
     screen->onShow();
     graphics_->update();
@@ -188,6 +216,8 @@ void PaymentApp::tapCard(bool approved) {
     thread_.post([this, approved] {
         if (awaitingCard_)
             authorise(approved);
+        else if (idle_ && current_ == idle_)
+            enterAmount(false); // the idle screen invites a card: a sale it is
     });
 }
 
@@ -199,13 +229,17 @@ void PaymentApp::setEthernet(bool connected) {
     ethernet_ = connected;
     header([connected](app::StatusHeader& h) { h.setEthernet(connected); });
 }
+// In flight mode the radio is off: the bars go dark, whatever the last reading was.
 void PaymentApp::setSignal(unsigned percent) {
     signal_ = percent;
-    header([percent](app::StatusHeader& h) { h.setSignal(percent); });
+    header([this, percent](app::StatusHeader& h) { h.setSignal(flight_ ? 0 : percent); });
 }
 void PaymentApp::setFlightMode(bool on) {
     flight_ = on;
-    header([on](app::StatusHeader& h) { h.setFlightMode(on); });
+    header([this, on](app::StatusHeader& h) {
+        h.setFlightMode(on);
+        h.setSignal(on ? 0 : signal_.load());
+    });
 }
 void PaymentApp::setOfflineCount(int count) {
     offline_ = count;
@@ -238,6 +272,7 @@ void PaymentApp::showIdle() {
         else if (key == device::input::KEY_POWER)
             finished_ = true;
     };
+    idle_ = screen;
     show(screen);
     indicate(State::Idle);
 }
@@ -284,47 +319,8 @@ void PaymentApp::showMenu() {
 
 namespace {
 
-// A screen around one prompt: digits go to the prompt, Clear takes the last one back, Enter
-// hands the entry to done() once it validates (otherwise the error line shows), Cancel leaves.
-void promptKeys(DemoScreen& screen, ui::input::InputPrompt prompt, std::shared_ptr<ui::Label> error,
-                std::function<bool(const std::string&)> done, std::function<void()> back,
-                ui::IGraphics& graphics) {
-    screen.onKey = [prompt, error, done, back, &graphics](Key key) mutable {
-        if (key == device::input::KEY_ENTER) {
-            if (prompt.validateInputText() && done(prompt.getInputText()))
-                return;
-            error->setVisible(true);
-        } else if (key == device::input::KEY_CANCEL) {
-            back();
-            return;
-        } else if (key == device::input::KEY_CLEAR) {
-            prompt.clear();
-            error->setVisible(false);
-        } else {
-            prompt.injectKey(key);
-            error->setVisible(false);
-        }
-        graphics.update();
-    };
-}
-
-// Draws the prompt as part of the screen.
-class PromptWidget : public ui::Widget {
-public:
-    explicit PromptWidget(ui::input::InputPrompt prompt) : Widget(0, 0), prompt_(std::move(prompt)) {}
-    void draw(_XuiWindow* canvas) override {
-        if (isVisible())
-            prompt_.draw(canvas);
-    }
-
-private:
-    ui::input::InputPrompt prompt_;
-};
-
 std::shared_ptr<ui::Label> errorLine(StringId message) {
-    auto error = label(GetMainCanvasHeight() - 48, 20, text(message), 20, resource::BRAND_ERROR);
-    error->setVisible(false);
-    return error;
+    return label(GetMainCanvasHeight() - 48, 20, text(message), 20, resource::BRAND_ERROR);
 }
 
 } // namespace
@@ -344,19 +340,18 @@ void PaymentApp::enterAmount(bool refund) {
     }
     prompt.setText(refund ? EnterRefundAmount : EnterSaleAmount);
     ui::input::AlignCenter(prompt);
-    screen->add(std::make_shared<PromptWidget>(prompt));
-    auto error = errorLine(AmountAboveZero);
-    screen->add(error);
+    auto entry = std::make_shared<app::PromptScreen>(prompt);
+    entry->setErrorLine(errorLine(AmountAboveZero));
+    entry->onEnter = [this](const std::string& amount) {
+        if (amount.find_first_not_of('0') == std::string::npos)
+            return false; // nothing to charge
+        presentCard(amount);
+        return true;
+    };
+    entry->onCancel = [this] { showMenu(); };
+    screen->add(entry);
     screen->add(hint(text(EntryHint)));
-    promptKeys(
-        *screen, prompt, error,
-        [this](const std::string& amount) {
-            if (amount.find_first_not_of('0') == std::string::npos)
-                return false; // nothing to charge
-            presentCard(amount);
-            return true;
-        },
-        [this] { showMenu(); }, *graphics_);
+    screen->onKey = [entry](Key key) { entry->press(key); };
     show(screen);
 }
 
@@ -387,6 +382,7 @@ void PaymentApp::authorise(bool approved) {
     waiting->add(label(120, 20, text(PleaseWait)));
     show(waiting);
     indicate(State::Processing);
+    moment("processing");
     device::sleep(300); // the host's answer
 
     // Everything the result screen will show is on it from the start, hidden until its time:
@@ -424,11 +420,14 @@ void PaymentApp::authorise(bool approved) {
     show(result);
     // Blocks here, on the application's thread, until the LED sequence has played.
     indicate(State::Success);
+    moment("approved");
     detail->setVisible(true);
     bar->setVisible(true);
     for (unsigned percent = 0; percent <= 100; percent += 20) {
         bar->setProgress(percent);
         graphics_->update();
+        if (percent == 40)
+            moment("printing");
         device::sleep(60);
     }
     detail->setText(text(RemoveCard) + " - " + text(ThankYou));
@@ -502,18 +501,17 @@ void PaymentApp::editSetting(Setting setting) {
     ui::input::InputPrompt prompt = kind.make();
     prompt.setText(kind.message);
     ui::input::AlignCenter(prompt);
-    screen->add(std::make_shared<PromptWidget>(prompt));
-    auto error = errorLine(InvalidEntry);
-    screen->add(error);
+    auto entry = std::make_shared<app::PromptScreen>(prompt);
+    entry->setErrorLine(errorLine(InvalidEntry));
+    entry->onEnter = [this, setting, &kind](const std::string& value) {
+        settings_[setting] = value;
+        showSettings(text(Saved) + ": " + text(kind.caption) + " " + kind.shown(value), int(setting));
+        return true;
+    };
+    entry->onCancel = [this, setting] { showSettings("", int(setting)); };
+    screen->add(entry);
     screen->add(hint(text(EntryHint)));
-    promptKeys(
-        *screen, prompt, error,
-        [this, setting, &kind](const std::string& value) {
-            settings_[setting] = value;
-            showSettings(text(Saved) + ": " + text(kind.caption) + " " + kind.shown(value), int(setting));
-            return true;
-        },
-        [this, setting] { showSettings("", int(setting)); }, *graphics_);
+    screen->onKey = [entry](Key key) { entry->press(key); };
     show(screen);
 }
 

@@ -23,6 +23,9 @@ class DemoScreen;
 struct AppOptions {
     GraphicsDeviceParams display{0, 32};
     CtlsStatusIndicatorConfiguration indicator;
+    // Called on the application's thread at the moments of a sale that no key or tap ends on
+    // ("processing", "approved", "printing"), once their screen is up: a recorder pictures them.
+    std::function<void(const std::string&)> moment;
 };
 
 class PaymentApp {
@@ -34,7 +37,8 @@ public:
     PaymentApp& operator=(const PaymentApp&) = delete;
 
     // What the world outside the keypad does; callable from any thread, done in order on the
-    // application's thread.
+    // application's thread. A card tapped on the idle screen starts a sale; on the "present
+    // card" screen it pays; elsewhere it is not asked for and nothing happens.
     void tapCard(bool approved);
     void setBattery(int level);
     void setEthernet(bool connected);
@@ -45,8 +49,9 @@ public:
     // Redraws the header, for a clock that has moved on.
     void refreshHeader();
 
-    // State changes asked of the contactless indicator so far.
+    // State changes asked of the contactless indicator so far, and the last one.
     int indicatorChanges() const { return indicatorChanges_; }
+    ui::State indicated() const { return indicated_; }
     // Frames in which the rendering thread has drawn one of the application's screens.
     int framesDrawn() const { return framesDrawn_; }
     // Keys the screens have taken from the keypad so far.
@@ -71,6 +76,7 @@ private:
     void received(std::function<void()> work);
     void show(const std::shared_ptr<DemoScreen>& screen);
     void indicate(ui::State state);
+    void moment(const std::string& what);
     void header(const std::function<void(app::StatusHeader&)>& change);
 
     void showIdle();
@@ -88,12 +94,15 @@ private:
     ui::IGraphics* graphics_ = nullptr;
     std::shared_ptr<app::StatusHeader> header_;
     std::shared_ptr<DemoScreen> current_;
+    std::shared_ptr<DemoScreen> idle_; // the idle screen while it is up
+    std::function<void(const std::string&)> moment_;
     std::map<Setting, std::string> settings_;
     bool refund_ = false;
     bool awaitingCard_ = false;
     std::string amount_;
     std::atomic<int> keysReceived_{0};
     std::atomic<int> indicatorChanges_{0};
+    std::atomic<ui::State> indicated_{ui::State::Idle};
     std::atomic<int> framesDrawn_{0};
     std::atomic<bool> finished_{false};
     std::atomic<int> battery_{3};

@@ -1,18 +1,82 @@
 #include "Script.hpp"
+#include "PaymentApp.hpp"
+
+#include <osal/host.hpp>
+#include <xui.h>
 
 #include <boost/date_time/posix_time/posix_time.hpp>
 
-#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 namespace demo {
 
-const std::vector<std::string>& keyNames() {
-    static const std::vector<std::string> names = {
-        "0",     "1",  "2",    "3",    "4",     "5",    "6",    "7",  "8",  "9",  "ENTER", "CANCEL",
-        "CLEAR", "UP", "DOWN", "MENU", "ALPHA", "STAR", "HASH", "F1", "F2", "F3", "F4",    "POWER"};
-    return names;
+const std::vector<KeyName>& keys() {
+    static const std::vector<KeyName> table = {{"0", '0'},
+                                               {"1", '1'},
+                                               {"2", '2'},
+                                               {"3", '3'},
+                                               {"4", '4'},
+                                               {"5", '5'},
+                                               {"6", '6'},
+                                               {"7", '7'},
+                                               {"8", '8'},
+                                               {"9", '9'},
+                                               {"ENTER", XUI_KEY_ENTER},
+                                               {"CANCEL", XUI_KEY_CANCEL},
+                                               {"CLEAR", XUI_KEY_CLEAR},
+                                               {"UP", XUI_KEY_UP},
+                                               {"DOWN", XUI_KEY_DOWN},
+                                               {"MENU", XUI_KEY_MENU},
+                                               {"ALPHA", XUI_KEY_ALPHA},
+                                               {"STAR", XUI_KEY_STAR},
+                                               {"HASH", XUI_KEY_HASH},
+                                               {"F1", XUI_KEY_F1},
+                                               {"F2", XUI_KEY_F1 + 1},
+                                               {"F3", XUI_KEY_F1 + 2},
+                                               {"F4", XUI_KEY_F1 + 3},
+                                               {"POWER", XUI_KEY_POWER}};
+    return table;
+}
+
+int keyCode(const std::string& name) {
+    for (const auto& key : keys())
+        if (key.name == name)
+            return key.code;
+    return XUI_KEY_NONE;
+}
+
+int keyForTypedCharacter(char typed) {
+    if (typed >= '0' && typed <= '9')
+        return keyCode(std::string(1, typed));
+    return typed == '*' ? keyCode("STAR") : typed == '#' ? keyCode("HASH") : XUI_KEY_NONE;
+}
+
+const std::vector<CommandHelp>& commandHelp() {
+    static const std::vector<CommandHelp> help = {
+        {"key NAME", "one key: 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, MENU, ALPHA, STAR, HASH, F1-F4, POWER"},
+        {"keys DIGITS", "digits pressed one after another (quickly: a multi-tap repeat)"},
+        {"wait MILLISECONDS", "let time pass, 0 to 60000"},
+        {"tap [approved|declined]", "a contactless card; approved unless declined"},
+        {"battery LEVEL", "0 to 4 charge, 5 or 6 charging"},
+        {"ethernet on|off", "the cable plugged in or not"},
+        {"signal PERCENT", "mobile signal strength, 0 to 100"},
+        {"flight on|off", "flight mode (the signal bars go dark)"},
+        {"offline COUNT", "transactions waiting to be sent, 0 to 9999"},
+        {"update on|off", "an application update waiting"},
+        {"clock YYYY-MM-DD HH:MM", "the terminal's local time"},
+        {"shot NAME", "a picture of the screen as it is now, named (a-z, 0-9, _ and -)"}};
+    return help;
+}
+
+std::string scriptHelp() {
+    std::string out = "Session scripts: a command a line, '#' starts a comment.\n";
+    for (const auto& command : commandHelp()) {
+        out += "  " + command.form;
+        out += std::string(command.form.size() < 26 ? 26 - command.form.size() : 1, ' ');
+        out += command.meaning + "\n";
+    }
+    return out;
 }
 
 namespace {
@@ -69,8 +133,7 @@ Command parseLine(const LineParser& p) {
     const std::string& verb = w[0];
     if (verb == "key") {
         p.arguments(1, "key NAME, with NAME one of 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, F1-F4...");
-        const auto& names = keyNames();
-        if (std::find(names.begin(), names.end(), w[1]) == names.end())
+        if (keyCode(w[1]) == XUI_KEY_NONE)
             p.fail("unknown key \"" + w[1] + "\"",
                    "one of 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, MENU, ALPHA, STAR, "
                    "HASH, F1-F4, POWER");
@@ -151,6 +214,49 @@ std::vector<Command> parseScript(std::istream& in, const std::string& name) {
         commands.push_back(std::move(c));
     }
     return commands;
+}
+
+void apply(const Command& c, PaymentApp& app, FrontEnd& frontEnd) {
+    switch (c.kind) {
+    case Command::Key:
+        frontEnd.press(keyCode(c.word));
+        break;
+    case Command::Keys:
+        for (char digit : c.word)
+            frontEnd.press(keyForTypedCharacter(digit));
+        break;
+    case Command::Wait:
+        frontEnd.wait(std::chrono::milliseconds(c.number));
+        break;
+    case Command::Tap:
+        app.tapCard(c.on);
+        break;
+    case Command::Battery:
+        app.setBattery(int(c.number));
+        break;
+    case Command::Ethernet:
+        app.setEthernet(c.on);
+        break;
+    case Command::Signal:
+        app.setSignal(unsigned(c.number));
+        break;
+    case Command::Flight:
+        app.setFlightMode(c.on);
+        break;
+    case Command::Offline:
+        app.setOfflineCount(int(c.number));
+        break;
+    case Command::Update:
+        app.setUpdateAvailable(c.on);
+        break;
+    case Command::Clock:
+        osal::host::pinClock(c.number);
+        app.refreshHeader();
+        break;
+    case Command::Shot:
+        frontEnd.shot(c.word);
+        break;
+    }
 }
 
 std::vector<Command> loadScript(const std::string& path) {

@@ -1,25 +1,18 @@
 // Session scripts: what a person at the terminal does, one line at a time, in a plain text a
 // person writes and reads. Each line is a command and its arguments; '#' starts a comment.
-//
-//   key ENTER        one key: 0-9, ENTER, CANCEL, CLEAR, UP, DOWN, MENU, ALPHA, STAR, HASH,
-//                    F1-F4, POWER
-//   keys 1250        digits pressed one after another (quickly: a multi-tap repeat)
-//   wait 800         milliseconds
-//   tap              a contactless card, approved ("tap declined" for a declined one)
-//   battery 3        0 to 4 charge, 5 or 6 charging
-//   ethernet on      on or off (likewise flight, update)
-//   signal 80        percent
-//   offline 5        transactions waiting to be sent
-//   clock 2026-11-22 09:30
-//   shot receipt     a picture of the screen as it is now, named
+// scriptHelp() lists the commands; apply() is the one place where a command meets the
+// application, whichever front end plays it.
 #pragma once
 
+#include <chrono>
 #include <istream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace demo {
+
+class PaymentApp;
 
 struct Command {
     enum Kind { Key, Keys, Wait, Tap, Battery, Ethernet, Signal, Flight, Offline, Update, Clock, Shot };
@@ -41,7 +34,36 @@ public:
 std::vector<Command> parseScript(std::istream& in, const std::string& name);
 std::vector<Command> loadScript(const std::string& path);
 
-// The keypad key names a script knows, for the front ends' own mapping.
-const std::vector<std::string>& keyNames();
+// The terminal's keys: the one table of their names and of the codes Xui delivers for them.
+struct KeyName {
+    std::string name;
+    int code;
+};
+const std::vector<KeyName>& keys();
+// XUI_KEY_NONE for a name that is not a key.
+int keyCode(const std::string& name);
+// The key a character typed on a PC keyboard stands for, whatever its layout: a digit, '*'
+// for STAR and '#' for HASH; XUI_KEY_NONE for any other character.
+int keyForTypedCharacter(char typed);
+
+// The script language, a command a line with its arguments and what it does.
+struct CommandHelp {
+    std::string form;
+    std::string meaning;
+};
+const std::vector<CommandHelp>& commandHelp();
+std::string scriptHelp();
+
+// What a front end does itself: put keys into the keypad, let time pass, take a picture.
+class FrontEnd {
+public:
+    virtual ~FrontEnd() = default;
+    virtual void press(int keyCode) = 0;
+    virtual void wait(std::chrono::milliseconds time) = 0;
+    virtual void shot(const std::string& name) = 0;
+};
+
+// Plays one command: the application's part here, the front end's part through it.
+void apply(const Command& command, PaymentApp& app, FrontEnd& frontEnd);
 
 } // namespace demo

@@ -1,4 +1,5 @@
 #include "SdlWindow.hpp"
+#include "Script.hpp"
 #include "Tones.hpp"
 
 #include <osal/host.hpp>
@@ -14,53 +15,19 @@
 namespace demo {
 namespace {
 
-const std::map<std::string, SDL_Keycode>& scriptKeys() {
-    static const std::map<std::string, SDL_Keycode> keys = {
-        {"ENTER", SDLK_RETURN},    {"CANCEL", SDLK_ESCAPE},
-        {"CLEAR", SDLK_BACKSPACE}, {"UP", SDLK_UP},
-        {"DOWN", SDLK_DOWN},       {"MENU", SDLK_m},
-        {"ALPHA", SDLK_a},         {"STAR", SDLK_KP_MULTIPLY},
-        {"HASH", SDLK_HASH},       {"F1", SDLK_F1},
-        {"F2", SDLK_F2},           {"F3", SDLK_F3},
-        {"F4", SDLK_F4},           {"POWER", SDLK_p}};
-    return keys;
-}
-
+// The PC keys that stand for the terminal's other keys, by the key's position. Digits, '*' and
+// '#' come from the text typed instead, so that any keyboard layout gives them.
 int keypadCode(SDL_Keycode key) {
-    if (key >= SDLK_0 && key <= SDLK_9)
-        return '0' + (key - SDLK_0);
-    if (key >= SDLK_KP_1 && key <= SDLK_KP_9)
-        return '1' + (key - SDLK_KP_1);
-    static const std::map<SDL_Keycode, int> codes = {{SDLK_KP_0, '0'},
-                                                     {SDLK_RETURN, XUI_KEY_ENTER},
-                                                     {SDLK_KP_ENTER, XUI_KEY_ENTER},
-                                                     {SDLK_ESCAPE, XUI_KEY_CANCEL},
-                                                     {SDLK_BACKSPACE, XUI_KEY_CLEAR},
-                                                     {SDLK_UP, XUI_KEY_UP},
-                                                     {SDLK_DOWN, XUI_KEY_DOWN},
-                                                     {SDLK_m, XUI_KEY_MENU},
-                                                     {SDLK_a, XUI_KEY_ALPHA},
-                                                     {SDLK_F1, XUI_KEY_F1},
-                                                     {SDLK_F2, XUI_KEY_F1 + 1},
-                                                     {SDLK_F3, XUI_KEY_F1 + 2},
-                                                     {SDLK_F4, XUI_KEY_F1 + 3},
-                                                     {SDLK_KP_MULTIPLY, XUI_KEY_STAR},
-                                                     {SDLK_ASTERISK, XUI_KEY_STAR},
-                                                     {SDLK_HASH, XUI_KEY_HASH},
-                                                     {SDLK_p, XUI_KEY_POWER}};
-    const auto it = codes.find(key);
-    return it == codes.end() ? XUI_KEY_NONE : it->second;
+    static const std::map<SDL_Keycode, std::string> names = {
+        {SDLK_RETURN, "ENTER"}, {SDLK_KP_ENTER, "ENTER"}, {SDLK_ESCAPE, "CANCEL"}, {SDLK_BACKSPACE, "CLEAR"},
+        {SDLK_UP, "UP"},        {SDLK_DOWN, "DOWN"},      {SDLK_m, "MENU"},        {SDLK_a, "ALPHA"},
+        {SDLK_F1, "F1"},        {SDLK_F2, "F2"},          {SDLK_F3, "F3"},         {SDLK_F4, "F4"},
+        {SDLK_p, "POWER"}};
+    const auto it = names.find(key);
+    return it == names.end() ? XUI_KEY_NONE : keyCode(it->second);
 }
 
-void pushKeyEvent(SDL_Keycode key) {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.state = SDL_PRESSED;
-    event.key.keysym.sym = key;
-    SDL_PushEvent(&event);
-}
-
-class Terminal {
+class Terminal : public FrontEnd {
 public:
     explicit Terminal(const WindowOptions& options) : options_(options), app_(options.app) {}
 
@@ -79,6 +46,7 @@ public:
             std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
             return 1;
         }
+        SDL_StartTextInput();
         uint64_t minute = SDL_GetTicks64() / 60000;
         while (running_ && !app_.finished()) {
             playScript();
@@ -96,7 +64,7 @@ public:
         return 0;
     }
 
-    ~Terminal() {
+    ~Terminal() override {
         if (texture_)
             SDL_DestroyTexture(texture_);
         if (renderer_)
@@ -105,8 +73,23 @@ public:
             SDL_DestroyWindow(window_);
     }
 
+    // A script's keys go into the keypad as a person's would; its waits and shots do not hold
+    // the window up.
+    void press(int code) override {
+        xui_host::pushKey(code);
+        ++keysSent_;
+    }
+    void wait(std::chrono::milliseconds time) override {
+        waitUntil_ = SDL_GetTicks64() + uint64_t(time.count());
+    }
+    void shot(const std::string& name) override {
+        shotName_ = name;
+        shotPending_ = true;
+        waitUntil_ = SDL_GetTicks64() + 100; // let the last change reach the window
+    }
+
 private:
-    // One script line per frame; keys go in as keyboard events, like a person's.
+    // One script line per frame.
     void playScript() {
         if (next_ >= options_.script.size()) {
             if (options_.quitAfterScript && !options_.script.empty() && !shotPending_)
@@ -118,59 +101,18 @@ private:
         app_.waitUntilIdle();
         if (app_.keysReceived() < keysSent_)
             return; // the keypad has not taken them all yet
-        const Command& c = options_.script[next_++];
-        switch (c.kind) {
-        case Command::Key:
-            if (c.word.size() == 1)
-                pushKeyEvent(SDLK_0 + (c.word[0] - '0'));
-            else
-                pushKeyEvent(scriptKeys().at(c.word));
-            ++keysSent_;
-            break;
-        case Command::Keys:
-            for (char digit : c.word)
-                pushKeyEvent(SDLK_0 + (digit - '0'));
-            keysSent_ += int(c.word.size());
-            break;
-        case Command::Wait:
-            waitUntil_ = SDL_GetTicks64() + uint64_t(c.number);
-            break;
-        case Command::Tap:
-            app_.tapCard(c.on);
-            break;
-        case Command::Battery:
-            app_.setBattery(int(c.number));
-            break;
-        case Command::Ethernet:
-            app_.setEthernet(c.on);
-            break;
-        case Command::Signal:
-            app_.setSignal(unsigned(c.number));
-            break;
-        case Command::Flight:
-            app_.setFlightMode(c.on);
-            break;
-        case Command::Offline:
-            app_.setOfflineCount(int(c.number));
-            break;
-        case Command::Update:
-            app_.setUpdateAvailable(c.on);
-            break;
-        case Command::Clock:
-            osal::host::pinClock(c.number);
-            app_.refreshHeader();
-            break;
-        case Command::Shot:
-            shotName_ = c.word;
-            shotPending_ = true;
-            waitUntil_ = SDL_GetTicks64() + 100; // let the last change reach the window
-            break;
-        }
+        apply(options_.script[next_++], app_, *this);
     }
 
     void handle(const SDL_Event& event) {
         if (event.type == SDL_QUIT) {
             running_ = false;
+            return;
+        }
+        if (event.type == SDL_TEXTINPUT) {
+            for (const char* c = event.text.text; *c; ++c)
+                if (const int code = keyForTypedCharacter(*c))
+                    xui_host::pushKey(code);
             return;
         }
         if (event.type != SDL_KEYDOWN)
@@ -262,9 +204,10 @@ private:
 } // namespace
 
 const char* windowKeys() {
-    return "Keys in the window: digits, Enter, Esc (cancel), Backspace (clear), arrows, F1-F4, M (menu),\n"
-           "P (power). T taps an approved card, D a declined one. B battery, E Ethernet, S signal,\n"
-           "F flight mode, O offline count, U update. F12 saves a screenshot; Q or closing quits.\n";
+    return "Keys in the window: digits, * and # as typed, Enter, Esc (cancel), Backspace (clear), arrows,\n"
+           "F1-F4, M (menu), P (power). T taps an approved card, D a declined one. B battery,\n"
+           "E Ethernet, S signal, F flight mode, O offline count, U update. F12 saves a screenshot;\n"
+           "Q or closing quits.\n";
 }
 
 int runWindow(const WindowOptions& options) {

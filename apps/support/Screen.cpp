@@ -17,7 +17,8 @@ void Screen::clearWidgets() {
 }
 
 void Screen::draw(_XuiWindow* canvas) {
-    drawWidgets(canvas);
+    if (isVisible())
+        drawWidgets(canvas);
 }
 
 void Screen::handleKeyPress(const device::input::Key&) {}
@@ -26,6 +27,53 @@ void Screen::onHide() {}
 void Screen::onRefresh() {}
 bool Screen::isFinished() const {
     return false;
+}
+
+PromptScreen::PromptScreen(ui::input::InputPrompt prompt, unsigned x, unsigned y, unsigned width,
+                           unsigned height)
+    : Screen(x, y, width, height), prompt_(std::move(prompt)) {}
+
+PromptScreen::PromptScreen(ui::input::InputPrompt prompt) : Screen(), prompt_(std::move(prompt)) {}
+
+void PromptScreen::setErrorLine(std::shared_ptr<ui::Widget> error) {
+    error_ = std::move(error);
+    if (error_)
+        error_->setVisible(false);
+}
+
+void PromptScreen::press(const device::input::Key& key) {
+    using namespace device::input;
+    if (key == KEY_NONE)
+        return;
+    bool error = false;
+    if (key == KEY_ENTER) {
+        if (prompt_.validateInputText() && (!onEnter || onEnter(prompt_.getInputText())))
+            return; // taken: whoever took it shows what comes next
+        error = true;
+    } else if (key == KEY_CLEAR) {
+        prompt_.clear();
+    } else if (key == KEY_CANCEL) {
+        if (prompt_.getInputText().empty() && onCancel) {
+            onCancel();
+            return;
+        }
+        prompt_.clearAll();
+    } else {
+        prompt_.injectKey(key);
+    }
+    if (error_)
+        error_->setVisible(error);
+    if (ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService())
+        graphics->update();
+}
+
+void PromptScreen::draw(_XuiWindow* canvas) {
+    if (!isVisible())
+        return;
+    drawWidgets(canvas);
+    prompt_.draw(canvas);
+    if (error_)
+        error_->draw(canvas);
 }
 
 StatusHeader::StatusHeader(const std::string& directory) : Screen(0, 0, 320, 32) {

@@ -4,13 +4,14 @@
 
 #include <ui/ui.hpp>
 
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace app {
 
-// A view: children drawn in order, keys ignored, hooks that do nothing. Derive and override
-// what the screen needs; handleKeyPress runs on the keypad thread.
+// A view: children drawn in order (none while hidden), keys ignored, hooks that do nothing. Derive and
+// override what the screen needs; handleKeyPress runs on the keypad thread.
 class Screen : public ui::IContainer {
 public:
     // The whole main canvas, as the graphics device made it.
@@ -26,6 +27,34 @@ public:
     void onHide() override;
     void onRefresh() override;
     bool isFinished() const override;
+};
+
+// A screen around one prompt, with the keys every entry screen gives them: Enter hands the
+// entry to onEnter once it validates (true: taken; otherwise the error line shows), Clear takes
+// the last character back, Cancel empties the entry and, on an empty one, calls onCancel; any
+// other key goes to the prompt. Each key hides the error line and asks for a redraw. Keys may
+// come from the keypad thread or be handed on with press().
+class PromptScreen : public Screen {
+public:
+    PromptScreen(ui::input::InputPrompt prompt, unsigned x, unsigned y, unsigned width, unsigned height);
+    // The whole main canvas.
+    explicit PromptScreen(ui::input::InputPrompt prompt);
+
+    ui::input::InputPrompt& prompt() { return prompt_; }
+    // Shown when Enter finds the entry invalid or not taken; hidden until then.
+    void setErrorLine(std::shared_ptr<ui::Widget> error);
+
+    void press(const device::input::Key& key);
+    void handleKeyPress(const device::input::Key& key) override { press(key); }
+    // The other widgets, then the prompt, then the error line.
+    void draw(_XuiWindow* canvas) override;
+
+    std::function<bool(const std::string&)> onEnter;
+    std::function<void()> onCancel;
+
+private:
+    ui::input::InputPrompt prompt_;
+    std::shared_ptr<ui::Widget> error_;
 };
 
 // The status header on a 320-pixel-wide, 32-pixel-high status bar: the contactless LEDs'

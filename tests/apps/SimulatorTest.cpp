@@ -4,6 +4,7 @@
 #include "Script.hpp"
 #include "Session.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -62,6 +63,16 @@ TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
     }
 }
 
+TEST(ScriptTest, OneKeyTable_TypedStarAndHashAreKeysOnAnyLayout) {
+    EXPECT_EQ(demo::keyCode("STAR"), XUI_KEY_STAR);
+    EXPECT_EQ(demo::keyCode("7"), '7');
+    EXPECT_EQ(demo::keyCode("ENTRE"), XUI_KEY_NONE);
+    EXPECT_EQ(demo::keyForTypedCharacter('*'), XUI_KEY_STAR);
+    EXPECT_EQ(demo::keyForTypedCharacter('#'), XUI_KEY_HASH);
+    EXPECT_EQ(demo::keyForTypedCharacter('0'), '0');
+    EXPECT_EQ(demo::keyForTypedCharacter('t'), XUI_KEY_NONE); // a shortcut of the window's
+}
+
 std::string readAll(FILE* pipe) {
     std::string out;
     char buffer[256];
@@ -83,6 +94,16 @@ TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
     EXPECT_EQ(WEXITSTATUS(status), 2);
     EXPECT_EQ(output, "ui_demo: " + std::to_string(::getpid()) +
                           "_bad.session:3: \"full\" is not a number from 0 to 6; expected battery 0-6\n");
+}
+
+TEST(ScriptTest, HelpDocumentsEveryScriptCommand) {
+    FILE* pipe = popen((std::string(UI_DEMO) + " --help 2>&1").c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    const std::string output = readAll(pipe);
+    EXPECT_EQ(pclose(pipe), 0);
+    for (const auto& command : demo::commandHelp())
+        EXPECT_NE(output.find("  " + command.form + " "), std::string::npos) << command.form << "\n"
+                                                                             << output;
 }
 
 // The demo's own session, replayed: every step's screen and the LED-and-tone timeline against
@@ -112,6 +133,25 @@ TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
     for (std::string line; std::getline(in, line);)
         reviewed.push_back(line);
     EXPECT_EQ(timeline, reviewed) << "the reviewed timeline is " << path;
+}
+
+// What the demo does beyond its own session: a tap on the idle screen starts a sale, the hints
+// of a line stay apart, and flight mode darkens the signal bars.
+TEST_F(DemoSessionTest, ATapOnIdleStartsASale_HintsStayApart_FlightDarkensTheSignal) {
+    osal::host::loadStrings("res/strings/en.txt");
+    const auto result = demo::runSession(parse("tap\nflight on\n"), {});
+    ASSERT_EQ(result.steps.size(), 3u);
+    const auto texts = test::texts(xui_host::trace("CanvasDrawText"));
+    const auto shown = [&](const std::string& text) { return std::count(texts.begin(), texts.end(), text); };
+    EXPECT_GT(shown("Enter the amount of the"), 0); // the message, wrapped
+    EXPECT_GT(shown("ENTER: confirm"), 0);
+    EXPECT_GT(shown("CANCEL: back"), 0);
+    std::string lastSignal;
+    for (const auto& call : xui_host::trace("CanvasDrawImg"))
+        if (const auto file = xui_host::imageFile(call.args.back());
+            file.find("signal/") != std::string::npos)
+            lastSignal = file.substr(file.rfind('/') + 1);
+    EXPECT_EQ(lastSignal, "signal_0.png");
 }
 
 #ifdef UI_DEMO_WINDOW

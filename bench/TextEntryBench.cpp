@@ -6,24 +6,20 @@ namespace {
 
 const std::string pound = "\xC2\xA3";
 
-// An amount prompt that starts over after six digits, so every key changes the amount shown.
-class AmountScreen : public app::Screen {
+// The support library's prompt screen with an amount that starts over after six digits, so
+// every key changes the amount shown.
+class AmountScreen : public app::PromptScreen {
 public:
-    AmountScreen() : Screen(0, 0, 320, 216) {
-        prompt.setText(21);
-        ui::input::AlignCenter(prompt);
+    AmountScreen()
+        : PromptScreen(ui::input::createCurrencyPrompt(1, 99999999, 2, pound, "."), 0, 0, 320, 216) {
+        prompt().setText(21);
+        ui::input::AlignCenter(prompt());
     }
-    void draw(_XuiWindow* canvas) override { prompt.draw(canvas); }
     void handleKeyPress(const device::input::Key& key) override {
-        if (key == device::input::KEY_NONE)
-            return;
-        if (prompt.getInputText().size() >= 6)
-            prompt.clearAll();
-        prompt.injectKey(key);
-        ui::ServiceLocator::getGraphicsService()->update();
+        if (prompt().getInputText().size() >= 6)
+            prompt().clearAll();
+        PromptScreen::handleKeyPress(key);
     }
-
-    ui::input::InputPrompt prompt = ui::input::createCurrencyPrompt(1, 99999999, 2, pound, ".");
 };
 
 void BM_KeyIntoCurrencyPromptToPresent(benchmark::State& state) {

@@ -11,26 +11,16 @@ using device::input::Key;
 
 const std::string pound = "\xC2\xA3";
 
-// A screen that shows one prompt and feeds it the keypad's keys, as an application's would:
-// Clear removes a character, Cancel empties the entry, Enter checks it.
-class PromptView : public app::Screen {
+// The support library's prompt screen, as an application shows one, counting the keys it has
+// handled.
+class PromptView : public app::PromptScreen {
 public:
-    PromptView() : Screen(0, 0, 320, 216) {}
-    void draw(_XuiWindow* canvas) override { prompt.draw(canvas); }
+    explicit PromptView(ui::input::InputPrompt prompt) : PromptScreen(std::move(prompt), 0, 0, 320, 216) {}
     void handleKeyPress(const Key& key) override {
-        if (key == device::input::KEY_NONE)
-            return;
-        if (key == device::input::KEY_CLEAR)
-            prompt.clear();
-        else if (key == device::input::KEY_CANCEL)
-            prompt.clearAll();
-        else
-            prompt.injectKey(key);
-        ++handled;
-        ui::ServiceLocator::getGraphicsService()->update();
+        PromptScreen::handleKeyPress(key);
+        if (key != device::input::KEY_NONE)
+            ++handled;
     }
-
-    ui::input::InputPrompt prompt;
     std::atomic<int> handled{0};
 };
 
@@ -53,8 +43,7 @@ protected:
 
     void show(const ui::input::InputPrompt& prompt) {
         osal::host::advanceTime(750ms); // whatever was typed before, a new character starts
-        view = std::make_shared<PromptView>();
-        view->prompt = prompt;
+        view = std::make_shared<PromptView>(prompt);
         graphics->setContext(view);
     }
 
@@ -108,8 +97,8 @@ TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
     show(ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."));
     EXPECT_EQ(entryShown(), pound + "0.00");
     expectSteps({{'0', pound + "0.00"}, {'5', pound + "0.05"}, {'0', pound + "0.50"}});
-    EXPECT_TRUE(view->prompt.validateInputText());
-    EXPECT_EQ(view->prompt.getInputText(), "50");
+    EXPECT_TRUE(view->prompt().validateInputText());
+    EXPECT_EQ(view->prompt().getInputText(), "50");
     expectSteps({{'1', pound + "5.01"},
                  {'2', pound + "50.12"},
                  {'3', pound + "501.23"},
@@ -122,16 +111,16 @@ TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
 TEST_F(InputPromptTest, Numeric_RefusesALeadingZero_AndStopsAtItsMaximum) {
     show(ui::input::createNumericPrompt(1, 100));
     expectSteps({{'0', ""}, {'1', "1"}, {'0', "10"}, {'0', "100"}, {'5', "100"}});
-    EXPECT_TRUE(view->prompt.validateInputText());
+    EXPECT_TRUE(view->prompt().validateInputText());
     expectSteps({{'X', ""}});
-    EXPECT_FALSE(view->prompt.validateInputText());
+    EXPECT_FALSE(view->prompt().validateInputText());
 }
 
 TEST_F(InputPromptTest, DefaultCurrency_UsesTheTerminalsCurrency) {
     osal::host::setCurrency({"$", ".", 2});
     show(ui::input::createDefaultCurrencyPrompt());
     expectSteps({{'0', "$0.00"}, {'1', "$0.01"}, {'5', "$0.15"}});
-    EXPECT_EQ(view->prompt.getInputText(), "015");
+    EXPECT_EQ(view->prompt().getInputText(), "015");
 }
 
 TEST_F(InputPromptTest, Date_StopsAtTheMaximum_AndValidatesTheRange) {
@@ -145,16 +134,16 @@ TEST_F(InputPromptTest, Date_StopsAtTheMaximum_AndValidatesTheRange) {
                  {'1', "2024/11/1"},
                  {'5', "2024/11/15"},
                  {'0', "2024/11/15"}});
-    EXPECT_TRUE(view->prompt.validateInputText());
-    view->prompt.setTextboxText("2015053");
+    EXPECT_TRUE(view->prompt().validateInputText());
+    view->prompt().setTextboxText("2015053");
     expectSteps({{'0', "2015/05/30"}});
-    EXPECT_FALSE(view->prompt.validateInputText()); // the day before the minimum
+    EXPECT_FALSE(view->prompt().validateInputText()); // the day before the minimum
 }
 
 TEST_F(InputPromptTest, Time_RefusesTheSixthDigitAboveTheMaximum_AndAlwaysValidates) {
     show(ui::input::createNumericTimePrompt());
     expectSteps({{'9', "9"}, {'9', "99"}, {'5', "99:5"}, {'9', "99:59"}, {'5', "99:59:5"}, {'9', "99:59:5"}});
-    EXPECT_TRUE(view->prompt.validateInputText()); // 99:59:5 is not range-checked
+    EXPECT_TRUE(view->prompt().validateInputText()); // 99:59:5 is not range-checked
     expectSteps({{'X', ""},
                  {'2', "2"},
                  {'3', "23"},
@@ -170,22 +159,22 @@ TEST_F(InputPromptTest, Address_TakesTwelveDigits) {
     for (char c : std::string("19216800101"))
         press(c);
     expectSteps({{'0', "192.168.001.010"}, {'9', "192.168.001.010"}});
-    EXPECT_EQ(view->prompt.getInputText(), "192168001010");
-    EXPECT_TRUE(view->prompt.validateInputText());
+    EXPECT_EQ(view->prompt().getInputText(), "192168001010");
+    EXPECT_TRUE(view->prompt().validateInputText());
 }
 
 TEST_F(InputPromptTest, Text_MultiTapsWithinTheAllowedClassesAndLength) {
     show(ui::input::createTextPrompt(false, false, true, 2, 3));
     expectSteps({{'2', "A"}, {'2', "B"}, {'2', "C"}});
-    EXPECT_FALSE(view->prompt.validateInputText()); // shorter than 2
+    EXPECT_FALSE(view->prompt().validateInputText()); // shorter than 2
     osal::host::advanceTime(750ms);
     expectSteps({{'2', "CA"}, {'3', "CAD"}, {'3', "CAD"}}); // at the maximum even a repeat is refused
-    EXPECT_TRUE(view->prompt.validateInputText());
+    EXPECT_TRUE(view->prompt().validateInputText());
     expectSteps({{'C', "CA"}});
 
     show(createDefaultAlphaNumericPrompt());
     expectSteps({{'0', "0"}, {'0', "."}, {'0', "_"}, {'1', "_1"}, {'1', "_!"}});
-    EXPECT_TRUE(view->prompt.validateInputText());
+    EXPECT_TRUE(view->prompt().validateInputText());
 }
 
 TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {
@@ -206,7 +195,7 @@ TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {
         for (char k : c.keys)
             shown = press(k);
         EXPECT_EQ(shown, c.shown) << "kind " << c.kind;
-        EXPECT_EQ(view->prompt.validateInputText(), c.valid) << "kind " << c.kind;
+        EXPECT_EQ(view->prompt().validateInputText(), c.valid) << "kind " << c.kind;
     }
 }
 
@@ -229,13 +218,13 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
     EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "128 " + pound + "0.00"}));
 
     // A null label keeps the message; an unknown identifier has already dropped it when it throws.
-    view->prompt.setMessage(nullptr);
+    view->prompt().setMessage(nullptr);
     EXPECT_EQ(placed().size(), 3u);
-    EXPECT_THROW(view->prompt.setText(404), LocalizationException);
+    EXPECT_THROW(view->prompt().setText(404), LocalizationException);
     EXPECT_EQ(placed(), (Lines{"128 " + pound + "0.00"}));
     auto label = std::make_shared<ui::ProxyLabel>(5, 5, 300, 20);
     label->setText(std::string("Thank you"));
-    view->prompt.setMessage(label);
+    view->prompt().setMessage(label);
     EXPECT_EQ(placed(), (Lines{"98 Thank you", "128 " + pound + "0.00"}));
 }
 
@@ -275,14 +264,14 @@ TEST_F(PromptScreenTest, CurrencyAfterAnAmount) {
 
 TEST_F(PromptScreenTest, TextInTheMiddleOfAMultiTapCycle) {
     expectScreen(ui::input::createTextPrompt(true, true, true, 1, 20), 26, "66", "prompt_text_multitap");
-    EXPECT_EQ(view->prompt.getInputText(), "M");
+    EXPECT_EQ(view->prompt().getInputText(), "M");
 }
 
 TEST_F(PromptScreenTest, MaskedEntry) {
     auto prompt = ui::input::createNumericPrompt(0, 999999);
     prompt.maskPrompt(true);
     expectScreen(prompt, 27, "4711", "prompt_masked");
-    EXPECT_EQ(view->prompt.getInputText(), "4711");
+    EXPECT_EQ(view->prompt().getInputText(), "4711");
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "Internal.hpp"
+#include "Resets.hpp"
 #include "osal/date_time.hpp"
 #include "osal/host.hpp"
 

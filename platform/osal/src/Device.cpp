@@ -1,5 +1,5 @@
 #include "osal/device.hpp"
-#include "Internal.hpp"
+#include "Resets.hpp"
 #include "osal/host.hpp"
 #include "osal/input.hpp"
 #include "osal/timer.hpp"

@@ -1,5 +1,5 @@
 #include "osal/localization.hpp"
-#include "Internal.hpp"
+#include "Resets.hpp"
 #include "osal/host.hpp"
 #include "osal/strings.hpp"
 

@@ -1,5 +1,5 @@
 #include "osal/resource.hpp"
-#include "Internal.hpp"
+#include "Resets.hpp"
 #include "osal/host.hpp"
 
 #include <array>

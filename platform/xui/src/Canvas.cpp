@@ -1,5 +1,5 @@
 // Canvases in memory: creation, clearing, rectangles, images and compositing.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // The key queue. XuiGetKey waits here without holding the renderer's lock, so drawing and
 // key waits run side by side as on the terminal.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <condition_variable>
 #include <deque>

@@ -1,7 +1,7 @@
 // Text through FreeType. Glyph bitmaps and advances are cached per font and pixel size, so
 // that measuring and drawing the same text cost one map lookup per character. Width and
 // drawing walk the same advances, which is why XuiTextWidth agrees with what is painted.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

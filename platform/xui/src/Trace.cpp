@@ -1,5 +1,5 @@
 // The call trace and the frame counter, for tests that assert what the library asked for.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <condition_variable>
 #include <cstdio>

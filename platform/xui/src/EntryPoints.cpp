@@ -1,5 +1,5 @@
 // The Xui entry points: argument checks, the trace, then the renderer under one lock.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <algorithm>
 #include <cstdlib>

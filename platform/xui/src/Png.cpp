@@ -1,6 +1,6 @@
 // PNG through libpng's simplified API: any colour type, bit depth and interlacing come out
 // as 8-bit RGBA; a truncated or malformed file fails cleanly instead of yielding half a picture.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <png.h>
 

@@ -1,6 +1,6 @@
 // GIF through giflib. Frames are composed once at load time into full pictures (honouring
 // transparency and the disposal methods), so showing the frame due at some moment is a copy.
-#include "Internal.hpp"
+#include "State.hpp"
 
 #include <gif_lib.h>
 

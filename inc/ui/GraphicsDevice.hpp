@@ -27,9 +27,11 @@ namespace ui {
 // drawn synchronously on the caller's thread. A view's draw failure on the rendering thread
 // is logged under "GraphicsDevice"; failures of the synchronous operations propagate.
 //
-// Locks, outermost first: draw, window, canvas; window before header. A view's key handler
-// runs under the window lock when keys come through injectKeyPress, so it must not call
-// setContext, getContext, reset or updateHeader.
+// Locks, outermost first: draw, window, canvas; window before header. Keys reach a view by
+// two paths. A key given to this device's injectKeyPress runs the view's handler under the
+// device's window lock, so that handler must not call setContext, getContext, reset or
+// updateHeader. Keys from the keypad (the keypad thread calls Window::injectKeyPress
+// directly) hold no lock of this device: there a view may replace itself.
 class GraphicsDevice : public IGraphics {
 public:
     explicit GraphicsDevice(const GraphicsDeviceParams& params);

@@ -81,7 +81,9 @@ public:
     ~IContainer() override;
 
     // Called on the keypad thread with each key while this container is the current view.
-    // The window's lock is not held, so the view may replace itself from here.
+    // Keys from the keypad come through Window::injectKeyPress, which holds no lock, so the
+    // view may replace itself from here; a key given to GraphicsDevice::injectKeyPress runs
+    // under the device's window lock instead (see GraphicsDevice).
     virtual void handleKeyPress(const device::input::Key& key) = 0;
     // Hooks for the application's own screen flow; the library never calls them.
     virtual void onShow() = 0;

@@ -37,7 +37,8 @@ public:
 
     // Hands the key to the current view's handler, without holding any window lock; the view
     // is kept alive until its handler returns even if it is replaced meanwhile. A key with no
-    // view is dropped.
+    // view is dropped. This is the keypad's path; GraphicsDevice::injectKeyPress calls it
+    // with the device's window lock held (see there).
     void injectKeyPress(device::input::Key key);
 
 private:

@@ -150,19 +150,20 @@ void drawText(Canvas& c, int x, int y, unsigned size, Font& font, XuiTextStyle s
         return;
     FaceCache& fc = caches()[&font];
     SizedFace& sf = sized(fc, size);
-    const int baseline = y + sf.ascender;
-    int pen = x;
+    // 64 bits: a line that starts just inside the coordinate range runs past it.
+    const int64_t baseline = int64_t(y) + sf.ascender;
+    int64_t pen = x;
     for (auto p = reinterpret_cast<const unsigned char*>(text); *p;) {
         const Glyph& g = glyph(fc, sf, size, nextCodepoint(p));
-        const int gx = pen + g.left, gy = baseline - g.top;
+        const int64_t gx = pen + g.left, gy = baseline - g.top;
         for (unsigned r = 0; r < g.rows; ++r) {
-            const int py = gy + int(r);
-            if (py < 0 || py >= int(c.height))
+            const int64_t py = gy + r;
+            if (py < 0 || py >= int64_t(c.height))
                 continue;
             for (unsigned col = 0; col < g.width; ++col) {
-                const int px = gx + int(col);
+                const int64_t px = gx + col;
                 const unsigned cov = g.coverage[size_t(r) * g.width + col];
-                if (cov == 0 || px < 0 || px >= int(c.width))
+                if (cov == 0 || px < 0 || px >= int64_t(c.width))
                     continue;
                 uint32_t& dst = c.px[size_t(py) * c.width + px];
                 dst = blend(dst, withCoverage(color, cov));
@@ -170,8 +171,8 @@ void drawText(Canvas& c, int x, int y, unsigned size, Font& font, XuiTextStyle s
         }
         pen += g.advance;
     }
-    if (style == XUI_TEXT_UNDERLINE)
-        fillRect(c, x, baseline + 1, pen - x, 1, color, 0, true);
+    if (style == XUI_TEXT_UNDERLINE && baseline < int64_t(c.height) && pen - x < INT32_MAX)
+        fillRect(c, x, int(baseline + 1), int(pen - x), 1, color, 0, true);
 }
 
 } // namespace xui_impl

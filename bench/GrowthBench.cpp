@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <malloc.h>
 #include <map>
 #include <string>
 #include <vector>
@@ -200,6 +201,10 @@ void BM_AutomaticFormatting(benchmark::State& state) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Keep large blocks in the heap: otherwise glibc maps and unmaps a big vector at every
+    // iteration and the rows measure page faults, not the library.
+    mallopt(M_MMAP_THRESHOLD, 1 << 30);
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
     osal::host::setLogSink([](LogLevel, const std::string&) {});
     // The device opens the display and publishes the screen size the layout helpers read.
     ui::UserInterface ui{GraphicsDeviceParams{0, 24}};

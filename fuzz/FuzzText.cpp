@@ -1,6 +1,7 @@
 // Text: measuring, drawing and every line breaker, on any bytes (cut UTF-8, overlong forms,
 // surrogates, control characters). The first byte picks the width.
 #include "Fuzz.hpp"
+#include "ReferenceWrap.hpp"
 
 #include <ui/Label.hpp>
 #include <ui/Xui.hpp>
@@ -16,7 +17,11 @@ int text(const uint8_t* data, size_t size) {
     const unsigned width = data[0] * 2u;
     const std::string s(reinterpret_cast<const char*>(data + 1), size - 1);
     ui::fonts::GetTextWidth(s.c_str());
-    WrapText(s, width);
+    // The fast breaking must give the lines of the straightforward one (slow: short texts).
+    const auto lines = WrapText(s, width);
+    if (s.size() <= 256 &&
+        lines != test::referenceWrapText(s, width, [](const char* t) { return ui::fonts::GetTextWidth(t); }))
+        __builtin_trap();
     ui::Label label(0, 0, width, 40);
     label.setAlignment(static_cast<ui::utils::Origin>(data[0] % 5));
     label.setText(s);

@@ -4,6 +4,7 @@
 // measuring cut sequences in their own odd ways.
 #include "Support.hpp"
 
+#include "ReferenceWrap.hpp"
 #include "TextFit.hpp"
 #include "ui/Label.hpp"
 #include "ui/Xui.hpp"
@@ -14,50 +15,8 @@
 namespace {
 
 using Lines = std::vector<std::string>;
-using Measure = std::function<unsigned(const char*)>;
-
-// The breaking as first written, one prefix measurement per byte.
-Lines referenceWrapText(const std::string& text, unsigned width, const Measure& measure) {
-    std::vector<std::string> words = splitOnDelimeters(text, " ");
-    Lines lines;
-    if (words.empty())
-        return lines;
-    std::size_t cursor = 0;
-    std::string current = words[0];
-    while (cursor < words.size()) {
-        const unsigned measured = measure(current.c_str());
-        if (measured < width) {
-            if (cursor + 1 == words.size()) {
-                lines.push_back(trim(current, " "));
-                break;
-            }
-            current += " " + words[++cursor];
-        } else if (measured == width) {
-            ++cursor;
-            lines.push_back(current);
-            if (cursor < words.size())
-                current = words[cursor];
-        } else {
-            std::size_t cut;
-            const auto space = current.rfind(' ');
-            if (space != std::string::npos) {
-                cut = space + 1;
-            } else {
-                cut = 1;
-                for (std::size_t k = current.size(); k > 0; --k) {
-                    if (measure(current.substr(0, k).c_str()) <= width) {
-                        cut = k;
-                        break;
-                    }
-                }
-                words[cursor] = trim(current.substr(cut), " ");
-            }
-            lines.push_back(trim(current.substr(0, cut), " "));
-            current = words[cursor];
-        }
-    }
-    return lines;
-}
+using test::Measure;
+using test::referenceWrapText;
 
 // The wrappable label's breaking as first written: the lines it makes, and the height used.
 struct Block {

@@ -161,6 +161,8 @@ std::vector<Row> rows() {
 
 struct Result {
     double us = 0;
+    double calls = 0;    // text measurements per input byte
+    double measured = 0; // bytes measured per input byte
 };
 std::map<std::string, std::map<long, Result>> results;
 
@@ -183,7 +185,10 @@ public:
         for (const auto& run : runs) {
             const std::string name = run.run_name.function_name;
             const long n = std::stol(run.run_name.args);
-            results[name][n].us = run.GetAdjustedRealTime(); // the rows' unit
+            Result& result = results[name][n];
+            result.us = run.GetAdjustedRealTime(); // the rows' unit
+            result.calls = run.counters.count("calls/B") ? double(run.counters.at("calls/B")) : 0;
+            result.measured = run.counters.count("measured/B") ? double(run.counters.at("measured/B")) : 0;
         }
     }
 };
@@ -227,7 +232,8 @@ int main(int argc, char** argv) {
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);
 
-    std::printf("\n%-40s %11s %11s %11s %8s  %s\n", "growth (ms)", "100", "1,000", "10,000", "x10", "budget");
+    std::printf("\n%-40s %11s %11s %11s %8s %15s  %s\n", "growth (ms)", "100", "1,000", "10,000", "x10",
+                "calls, bytes/B", "budget");
     bool over = false;
     for (const auto& row : table) {
         const auto found = results.find(row.name);
@@ -246,8 +252,9 @@ int main(int argc, char** argv) {
             verdict += ", " + std::to_string(row.budgetAt) + " < " + std::to_string(int(row.budgetAtMs)) +
                        " ms " + (ms(row.budgetAt) < row.budgetAtMs ? "OK" : "OVER");
         over = over || verdict.find("OVER") != std::string::npos;
-        std::printf("%-40s %11.4f %11.4f %11.4f %8.1f  %s\n", row.name.c_str(), ms(100), ms(1000), ms(10000),
-                    growth, verdict.c_str());
+        const Result last = at.count(10000) ? at.at(10000) : Result{};
+        std::printf("%-40s %11.4f %11.4f %11.4f %8.1f %6.2f, %6.2f  %s\n", row.name.c_str(), ms(100),
+                    ms(1000), ms(10000), growth, last.calls, last.measured, verdict.c_str());
     }
     std::printf("%s\n", over ? "Some rows are OVER their budget." : "Every row is within its budget.");
     benchmark::Shutdown();

@@ -1,13 +1,9 @@
-// Golden-image comparison for whole screens. A missing golden is a failure; on a mismatch the
-// actual picture and a diff (differing pixels red over a faded copy) are written beside the
-// golden. Set UI_UPDATE_GOLDEN=1 to write the actual picture as the new golden, then review it.
+// Golden pictures of this project's tests: the kit's comparison, with the goldens under
+// tests/golden.
 #pragma once
 
-#include <xui_host.hpp>
+#include <ui/kit/Golden.hpp>
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <string>
 
 namespace test {
@@ -16,49 +12,9 @@ inline std::string goldenPath(const std::string& name) {
     return std::string(UI_GOLDEN_DIR) + "/" + name + ".png";
 }
 
-// Pixels may differ per channel by at most tolerance (0: exact).
 inline ::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& name,
                                                 unsigned tolerance = 0) {
-    const std::string path = goldenPath(name);
-    const std::string stem = path.substr(0, path.size() - 4);
-    if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
-        xui_host::savePng(actual, path);
-        return ::testing::AssertionSuccess() << "golden written: " << path;
-    }
-    const xui_host::Pixels golden = xui_host::loadPng(path);
-    if (golden.empty()) {
-        xui_host::savePng(actual, stem + "_actual.png");
-        return ::testing::AssertionFailure() << "missing golden " << path << " (actual written beside it)";
-    }
-    if (golden.width != actual.width || golden.height != actual.height) {
-        xui_host::savePng(actual, stem + "_actual.png");
-        return ::testing::AssertionFailure()
-               << "size " << actual.width << "x" << actual.height << " differs from golden " << golden.width
-               << "x" << golden.height;
-    }
-    xui_host::Pixels diff = actual;
-    unsigned differing = 0;
-    for (size_t i = 0; i < actual.argb.size(); ++i) {
-        const uint32_t a = actual.argb[i], g = golden.argb[i];
-        bool same = true;
-        for (int shift : {24, 16, 8, 0}) {
-            const int d = int((a >> shift) & 0xFF) - int((g >> shift) & 0xFF);
-            same &= unsigned(d < 0 ? -d : d) <= tolerance;
-        }
-        if (same) {
-            const uint32_t grey = (((a >> 16) & 0xFF) + ((a >> 8) & 0xFF) + (a & 0xFF)) / 3 / 4 + 190;
-            diff.argb[i] = 0xFF000000u | grey << 16 | grey << 8 | grey;
-        } else {
-            diff.argb[i] = 0xFFFF0000u;
-            ++differing;
-        }
-    }
-    if (differing == 0)
-        return ::testing::AssertionSuccess();
-    xui_host::savePng(actual, stem + "_actual.png");
-    xui_host::savePng(diff, stem + "_diff.png");
-    return ::testing::AssertionFailure() << differing << " pixels differ from " << path << "; see " << stem
-                                         << "_actual.png and " << stem << "_diff.png";
+    return ui::kit::matchesGolden(actual, goldenPath(name), tolerance);
 }
 
 } // namespace test

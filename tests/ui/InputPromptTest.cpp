@@ -4,6 +4,8 @@
 #include "ui/Prompt.hpp"
 #include "ui/UserInterface.hpp"
 
+#include <ui/kit/Terminal.hpp>
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -24,61 +26,35 @@ public:
     std::atomic<int> handled{0};
 };
 
-// The whole stack: keys pushed into the graphics stand-in reach the prompt on the keypad
-// thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
-class InputPromptTest : public test::PlatformTest {
+// The whole stack on the testing kit: keys pushed into the graphics stand-in reach the prompt
+// on the keypad thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
+class InputPromptTest : public ::testing::Test {
 protected:
-    InputPromptTest() { openDisplay = false; }
-    void SetUp() override {
-        PlatformTest::SetUp();
+    InputPromptTest() : terminal({320, 240, 0, 24, 1795339800, ""}) {
         osal::host::useVirtualTime(true);
-        ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
-        ui_->initialize();
-        graphics = ui::ServiceLocator::getGraphicsService();
-    }
-    void TearDown() override {
-        ui_.reset();
-        PlatformTest::TearDown();
+        xui_host::setKeyWaitLimit(10ms);
+        xui_host::setTracing(true);
     }
 
     void show(const ui::input::InputPrompt& prompt) {
         osal::host::advanceTime(750ms); // whatever was typed before, a new character starts
         view = std::make_shared<PromptView>(prompt);
-        graphics->setContext(view);
+        terminal.show(view);
     }
 
-    // Pushes one key ('0'-'9', 'C' clear, 'X' cancel), waits until the view has handled it,
-    // and returns the entry as the next frame shows it ("" when it draws nothing).
+    // Presses one key ('0'-'9', 'C' clear, 'X' cancel) and returns the entry as the next frame
+    // shows it ("" when it draws nothing).
     std::string press(char key) {
-        const int before = view->handled;
-        xui_host::pushKey(key == 'C' ? int(XUI_KEY_CLEAR) : key == 'X' ? int(XUI_KEY_CANCEL) : int(key));
-        EXPECT_TRUE(test::eventually([&] { return view->handled == before + 1; }));
+        terminal.press(key == 'C' ? int(XUI_KEY_CLEAR) : key == 'X' ? int(XUI_KEY_CANCEL) : int(key));
         return entryShown();
-    }
-
-    // The calls of a frame drawn from now on: those between the last two frames shown.
-    std::vector<xui_host::Call> nextFrame() {
-        graphics->waitForDraw(); // any draw from here on began after the last key
-        const uint64_t frames = xui_host::framesShown();
-        graphics->update();
-        EXPECT_TRUE(xui_host::waitForFrames(frames + 1, 5s));
-        const auto calls = xui_host::trace();
-        std::vector<size_t> shows;
-        for (size_t i = 0; i < calls.size(); ++i)
-            if (calls[i].function == "ShowWindow" && calls[i].args[1] == "1")
-                shows.push_back(i);
-        EXPECT_GE(shows.size(), 2u);
-        if (shows.size() < 2)
-            return {};
-        return {calls.begin() + long(shows[shows.size() - 2]), calls.begin() + long(shows.back())};
     }
 
     // The text box's text in the next frame: what it draws in the input colour.
     std::string entryShown() {
         std::string entry;
-        for (const auto& call : nextFrame())
-            if (call.function == "CanvasDrawText" && call.args[6] == "0xffffffff")
-                entry += test::texts({call})[0];
+        for (const auto& text : terminal.texts())
+            if (text.colour == 0xffffffffu)
+                entry += text.text;
         return entry;
     }
 
@@ -88,8 +64,7 @@ protected:
             EXPECT_EQ(press(key), shown) << "after key " << key;
     }
 
-    std::unique_ptr<ui::UserInterface> ui_;
-    ui::IGraphics* graphics = nullptr;
+    ui::kit::Terminal terminal;
     std::shared_ptr<PromptView> view;
 };
 
@@ -206,9 +181,8 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
     show(prompt);
     const auto placed = [&] {
         std::vector<std::string> out;
-        for (const auto& call : nextFrame())
-            if (call.function == "CanvasDrawText")
-                out.push_back(call.args[2] + " " + test::texts({call})[0]);
+        for (const auto& text : terminal.texts())
+            out.push_back(std::to_string(text.y) + " " + text.text);
         return out;
     };
     using Lines = std::vector<std::string>;
@@ -251,10 +225,8 @@ protected:
         ui::input::AlignCenter(prompt);
         show(prompt);
         for (char k : keys)
-            press(k);
-        entryShown();
-        graphics->waitForDraw();
-        EXPECT_TRUE(test::matchesGolden(xui_host::screen(), golden));
+            terminal.press(k);
+        EXPECT_TRUE(test::matchesGolden(terminal.screen(), golden));
     }
 };
 

@@ -34,6 +34,9 @@ uint64_t keysRead();
 // Number of XuiGetKey calls begun so far: once it grows past a key's read, the reader is done
 // with that key.
 uint64_t keyWaits();
+// Blocks until every queued key has been read and the reader has come back for the next one
+// (so whatever it does with a key is done); false on time-out, as when nothing reads keys.
+bool waitForKeysHandled(std::chrono::milliseconds timeout);
 
 // Trace -------------------------------------------------------------------------------------
 // One Xui call as the library made it. Handles are named: "root", "statusbar", "c<n>" for
@@ -59,6 +62,10 @@ std::string nameOf(const void* handle);
 uint64_t framesShown();
 // Waits until at least count frames have been shown; false on time-out.
 bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout);
+// The same for the main area only: canvases of the root canvas made visible, which is what a
+// rendering thread presents (the status bar's canvases are not counted here).
+uint64_t mainFramesShown();
+bool waitForMainFrames(uint64_t count, std::chrono::milliseconds timeout);
 
 // Text measurements -------------------------------------------------------------------------
 // XuiTextWidth calls since start-up or the last reset(), and the bytes they measured: on a

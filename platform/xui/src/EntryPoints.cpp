@@ -197,7 +197,7 @@ int XuiDestroyWindow(XuiWindow* window) {
 }
 
 int XuiShowWindow(XuiWindow* window, int visible, int flags) {
-    bool shown = false;
+    bool shown = false, main = false;
     {
         auto& s = state();
         Lock lock(s.mutex);
@@ -207,9 +207,10 @@ int XuiShowWindow(XuiWindow* window, int visible, int flags) {
             return -1;
         c->visible = visible != 0;
         shown = c->visible;
+        main = c->parent == s.root;
     }
     if (shown)
-        noteFrameShown();
+        noteFrameShown(main);
     return 0;
 }
 

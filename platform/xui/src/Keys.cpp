@@ -15,7 +15,9 @@ struct Keys {
     bool closed = true; // GetKey returns at once while the display is not open
     std::chrono::milliseconds waitLimit{100};
     uint64_t read = 0;
-    uint64_t waits = 0; // XuiGetKey calls begun
+    uint64_t waits = 0;                 // XuiGetKey calls begun
+    uint64_t waitsAtRead = 0;           // the call that took the last key
+    std::condition_variable readerBack; // a reader began another call
 };
 
 Keys& keys() {
@@ -41,6 +43,7 @@ void keysReset() {
     k.waitLimit = std::chrono::milliseconds(100);
     k.read = 0;
     k.waits = 0;
+    k.waitsAtRead = 0;
 }
 
 } // namespace xui_impl
@@ -64,6 +67,7 @@ extern "C" int XuiGetKey(void) {
     auto& k = keys();
     std::unique_lock<std::mutex> lock(k.mutex);
     ++k.waits;
+    k.readerBack.notify_all();
     auto ready = [&] { return !k.queue.empty() || k.closed; };
     if (k.waitLimit.count() == 0)
         k.arrived.wait(lock, ready);
@@ -74,6 +78,7 @@ extern "C" int XuiGetKey(void) {
     int code = k.queue.front();
     k.queue.pop_front();
     ++k.read;
+    k.waitsAtRead = k.waits;
     return code;
 }
 
@@ -98,6 +103,12 @@ uint64_t keysRead() {
     auto& k = keys();
     std::lock_guard<std::mutex> lock(k.mutex);
     return k.read;
+}
+
+bool waitForKeysHandled(std::chrono::milliseconds timeout) {
+    auto& k = keys();
+    std::unique_lock<std::mutex> lock(k.mutex);
+    return k.readerBack.wait_for(lock, timeout, [&] { return k.queue.empty() && k.waits > k.waitsAtRead; });
 }
 
 uint64_t keyWaits() {

@@ -136,7 +136,7 @@ void keysReset();
 // Trace
 bool tracing();
 void record(const char* function, std::vector<std::string> args);
-void noteFrameShown();
+void noteFrameShown(bool mainArea);
 void traceReset();
 std::string arg(const void* handle);
 std::string arg(long long value);

@@ -16,6 +16,7 @@ struct Trace {
     std::vector<xui_host::Call> calls;
     std::shared_ptr<const std::function<void(const xui_host::Call&)>> listener;
     uint64_t frames = 0;
+    uint64_t mainFrames = 0;
 };
 
 Trace& tr() {
@@ -45,11 +46,13 @@ void record(const char* function, std::vector<std::string> args) {
         (*listener)(call);
 }
 
-void noteFrameShown() {
+void noteFrameShown(bool mainArea) {
     auto& t = tr();
     {
         std::lock_guard<std::mutex> lock(t.mutex);
         ++t.frames;
+        if (mainArea)
+            ++t.mainFrames;
     }
     t.frameShown.notify_all();
 }
@@ -61,6 +64,7 @@ void traceReset() {
     t.listener.reset();
     t.calls.clear();
     t.frames = 0;
+    t.mainFrames = 0;
 }
 
 std::string arg(const void* handle) {
@@ -163,6 +167,18 @@ bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout) {
     auto& t = xui_impl::tr();
     std::unique_lock<std::mutex> lock(t.mutex);
     return t.frameShown.wait_for(lock, timeout, [&] { return t.frames >= count; });
+}
+
+uint64_t mainFramesShown() {
+    auto& t = xui_impl::tr();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    return t.mainFrames;
+}
+
+bool waitForMainFrames(uint64_t count, std::chrono::milliseconds timeout) {
+    auto& t = xui_impl::tr();
+    std::unique_lock<std::mutex> lock(t.mutex);
+    return t.frameShown.wait_for(lock, timeout, [&] { return t.mainFrames >= count; });
 }
 
 } // namespace xui_host

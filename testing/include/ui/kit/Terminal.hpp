@@ -1,0 +1,84 @@
+// The testing kit's terminal: the library brought up on the host stand-ins for one test, keys
+// pressed through the real keypad path, and a settle() that returns once what was asked for is
+// on the panel, waiting on the stand-in's frame counter rather than on a clock.
+//
+// Host only: it links the stand-ins' controls, which no terminal has. Some state is the
+// process's, not the terminal's, and outlives a Terminal: the header icons' pictures (shared by
+// every instance and never cleared, so the first battery built decides where every battery is
+// drawn), the published canvas sizes, and the multi-tap position. Run each test in a process of
+// its own (gtest_discover_tests and ctest do) when a suite depends on them.
+#pragma once
+
+#include <ui/ui.hpp>
+
+#include <xui_host.hpp>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ui::kit {
+
+struct TerminalOptions {
+    unsigned panelWidth = 320;
+    unsigned panelHeight = 240;
+    int rotate = 0;
+    int statusbar = 32;
+    // Local seconds since 1970, pinned for the whole test: 2026-11-22 09:30.
+    int64_t clock = 1795339800;
+    // Read with osal::host::loadStrings; empty keeps the stand-in's table as it is.
+    std::string strings = "res/strings/en.txt";
+    // The longest a press or a settle may take before it fails the test.
+    std::chrono::milliseconds timeout{5000};
+};
+
+// A text the last settled frame drew, where it drew it (canvas coordinates).
+struct DrawnText {
+    std::string text;
+    unsigned x = 0;
+    unsigned y = 0;
+    uint32_t colour = 0; // as Xui was given it, 0xAARRGGBB
+};
+
+class Terminal {
+public:
+    // Opens the display through ui::UserInterface and initialises it (keypad and window).
+    explicit Terminal(const TerminalOptions& options = {});
+    // Stops the library, then restores the stand-ins' defaults and forgets the services.
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    ui::UserInterface& ui() { return *ui_; }
+    ui::IGraphics& graphics() { return *graphics_; }
+
+    // Makes view the current screen and settles.
+    void show(const std::shared_ptr<ui::IContainer>& view);
+
+    // One key (an XUI_KEY_* code or a digit character) through Xui, the keypad thread and the
+    // window to the view's handler; returns once the keypad thread is done with it. Throws
+    // std::runtime_error on time-out.
+    void press(int xuiKeyCode);
+    // Digits, each pressed and handled before the next.
+    void type(const std::string& digits);
+
+    // Returns once every update() and updateHeader() asked for before the call has been drawn
+    // and presented: the header is redrawn here, and a main frame begun after this call is
+    // waited for. Throws std::runtime_error when no frame comes (no view set, say).
+    void settle();
+
+    // After settling: the panel's pixels.
+    xui_host::Pixels screen();
+    // The texts of one fresh frame, header and main area, in the order they were drawn (a view
+    // that asks for redraws of its own meanwhile may add another frame's).
+    std::vector<DrawnText> texts();
+
+private:
+    TerminalOptions options_;
+    std::unique_ptr<ui::UserInterface> ui_;
+    ui::IGraphics* graphics_ = nullptr;
+};
+
+} // namespace ui::kit

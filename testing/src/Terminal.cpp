@@ -1,0 +1,90 @@
+#include "ui/kit/Terminal.hpp"
+
+#include <osal/host.hpp>
+
+#include <stdexcept>
+
+namespace ui::kit {
+
+namespace {
+
+void forgetServices() {
+    ui::ServiceLocator::addGraphicsService(nullptr);
+    ui::ServiceLocator::addInputService(nullptr);
+    ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
+}
+
+} // namespace
+
+Terminal::Terminal(const TerminalOptions& options) : options_(options) {
+    xui_host::reset();
+    osal::host::reset();
+    forgetServices(); // an earlier terminal's, gone with it
+    xui_host::setPanelSize(options.panelWidth, options.panelHeight);
+    osal::host::pinClock(options.clock);
+    if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
+        throw std::runtime_error("Terminal: cannot read the strings " + options.strings);
+    ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
+    ui_->initialize();
+    graphics_ = ui::ServiceLocator::getGraphicsService();
+    if (!graphics_)
+        throw std::runtime_error("Terminal: the display did not open");
+}
+
+Terminal::~Terminal() {
+    ui_.reset();
+    forgetServices();
+    xui_host::reset();
+    osal::host::reset();
+}
+
+void Terminal::show(const std::shared_ptr<ui::IContainer>& view) {
+    graphics_->setContext(view);
+    settle();
+}
+
+void Terminal::press(int xuiKeyCode) {
+    xui_host::pushKey(xuiKeyCode);
+    if (!xui_host::waitForKeysHandled(options_.timeout))
+        throw std::runtime_error("Terminal: the keypad took no key in " +
+                                 std::to_string(options_.timeout.count()) + " ms");
+}
+
+void Terminal::type(const std::string& digits) {
+    for (char digit : digits)
+        press(digit);
+}
+
+void Terminal::settle() {
+    // Synchronous: a header drawn on another thread is finished first, under the same locks.
+    graphics_->updateHeader();
+    // A draw in progress began before this call; the frame to wait for begins after it.
+    graphics_->waitForDraw();
+    const uint64_t frames = xui_host::mainFramesShown();
+    graphics_->update();
+    if (!xui_host::waitForMainFrames(frames + 1, options_.timeout))
+        throw std::runtime_error("Terminal: no frame presented in " +
+                                 std::to_string(options_.timeout.count()) + " ms; is a view set?");
+    graphics_->waitForDraw(); // the rest of the present step: the other canvas hidden
+}
+
+xui_host::Pixels Terminal::screen() {
+    settle();
+    return xui_host::screen();
+}
+
+std::vector<DrawnText> Terminal::texts() {
+    xui_host::setTracing(true);
+    settle(); // what was asked for before is drawn: the next settle draws one frame
+    xui_host::clearTrace();
+    settle();
+    std::vector<DrawnText> out;
+    for (const auto& call : xui_host::trace("CanvasDrawText")) {
+        const std::string& quoted = call.args[7];
+        out.push_back({quoted.substr(1, quoted.size() - 2), unsigned(std::stoul(call.args[1])),
+                       unsigned(std::stoul(call.args[2])), uint32_t(std::stoul(call.args[6], nullptr, 16))});
+    }
+    return out;
+}
+
+} // namespace ui::kit

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     po::options_description options("Options");
     std::string script, out, panel, data;
     unsigned zoom = 2;
+    double pseudo = 0;
     int rotate = 0, statusbar = 32;
     options.add_options()("help,h", "show this help")           //
         ("window,w", "run in a window, the keyboard as keypad") //
@@ -31,6 +32,9 @@ int main(int argc, char** argv) {
         ("rotate", po::value<int>(&rotate)->default_value(0), "screen rotation passed to Xui")          //
         ("statusbar", po::value<int>(&statusbar)->default_value(32), "status-bar height in pixels")     //
         ("quit-after-script", "window: close once the script has played")                               //
+        ("pseudo", po::value<double>(&pseudo)->default_value(0),
+         "pseudo-localize every string, FACTOR times as long (1.4: 40 % longer), accented and "
+         "bracketed; 0: off") //
         ("data", po::value<std::string>(&data),
          "folder holding res/ and apps/simulator/ (default: the current one; the installed "
          "ui-simulator passes its own)");
@@ -85,6 +89,7 @@ int main(int argc, char** argv) {
     demo::AppOptions app;
     app.display = GraphicsDeviceParams{rotate, statusbar};
     if (args.count("window")) {
+        osal::host::setPseudoLocalization(pseudo);
         demo::WindowOptions window;
         window.app = app;
         window.zoom = zoom;
@@ -94,7 +99,7 @@ int main(int argc, char** argv) {
         return demo::runWindow(window);
     }
     try {
-        const auto result = demo::runSession(commands, {app, out});
+        const auto result = demo::runSession(commands, {app, out, pseudo});
         std::cout << "Played " << result.steps.size() << " steps; wrote " << result.files.size()
                   << " files to " << out << ":\n  " << out
                   << "/storyboard.html (open this), session.gif, timeline.txt, tones.wav\n";

@@ -58,13 +58,16 @@ private:
     const Command*& current_;
 };
 
-// The fixed clock and animation of a recording, released however the session ends.
+// The fixed clock and animation of a recording, and its strings, released however the
+// session ends.
 struct PinnedTime {
-    PinnedTime() {
+    explicit PinnedTime(double pseudoLocalization) {
         osal::host::pinClock(kSessionClock);
         xui_host::pinAnimationTime(900ms);
+        osal::host::setPseudoLocalization(pseudoLocalization);
     }
     ~PinnedTime() {
+        osal::host::setPseudoLocalization(0);
         xui_host::unpinAnimationTime();
         osal::host::unpinClock();
     }
@@ -73,7 +76,7 @@ struct PinnedTime {
 } // namespace
 
 SessionResult runSession(const std::vector<Command>& script, const SessionOptions& options) {
-    std::optional<PinnedTime> pinned(std::in_place);
+    std::optional<PinnedTime> pinned(std::in_place, options.pseudoLocalization);
     AppOptions appOptions = options.app;
     appOptions.indicator.idlePeriodMs = 1000;
     appOptions.indicator.idleFlashMs = 600000;

@@ -18,7 +18,8 @@ struct SessionResult {
 
 struct SessionOptions {
     AppOptions app;
-    std::string out; // empty: nothing written
+    std::string out;               // empty: nothing written
+    double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
 };
 
 // Runs the script headless to its end, the same on every run: the clock is pinned (to

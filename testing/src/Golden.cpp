@@ -1,6 +1,7 @@
 #include "ui/kit/Golden.hpp"
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace ui::kit {
 
@@ -8,7 +9,10 @@ namespace ui::kit {
                                          unsigned tolerance) {
     const std::string stem = path.substr(0, path.size() - 4);
     if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
-        xui_host::savePng(actual, path);
+        std::error_code error;
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
+        if (!xui_host::savePng(actual, path))
+            return ::testing::AssertionFailure() << "cannot write the golden " << path;
         return ::testing::AssertionSuccess() << "golden written: " << path;
     }
     const xui_host::Pixels golden = xui_host::loadPng(path);

@@ -24,6 +24,7 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
     osal::host::pinClock(options.clock);
     if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
         throw std::runtime_error("Terminal: cannot read the strings " + options.strings);
+    osal::host::setPseudoLocalization(options.pseudoLocalization);
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
     ui_->initialize();
     graphics_ = ui::ServiceLocator::getGraphicsService();

@@ -135,6 +135,20 @@ TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
     EXPECT_EQ(timeline, reviewed) << "the reviewed timeline is " << path;
 }
 
+// The demo's screens as a translation 40 % longer would show them, against reviewed pictures
+// (tests/golden/demo_pseudo): a text that no longer fits is seen there.
+TEST_F(DemoSessionTest, PseudoLocalizedScreensMatchTheReviewedOnes) {
+    osal::host::loadStrings("res/strings/en.txt");
+    demo::SessionOptions options;
+    options.pseudoLocalization = 1.4;
+    const auto result = demo::runSession(demo::loadScript("tests/apps/pseudo.session"), options);
+    ASSERT_GT(result.steps.size(), 15u);
+    for (const auto& step : result.steps)
+        EXPECT_TRUE(test::matchesGolden(step.screen,
+                                        "demo_pseudo/" + step.picture.substr(0, step.picture.size() - 4)))
+            << step.action;
+}
+
 // What the demo does beyond its own session: a tap on the idle screen starts a sale, the hints
 // of a line stay apart, and flight mode darkens the signal bars.
 TEST_F(DemoSessionTest, ATapOnIdleStartsASale_HintsStayApart_FlightDarkensTheSignal) {

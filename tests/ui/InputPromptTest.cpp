@@ -30,7 +30,7 @@ public:
 // on the keypad thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
 class InputPromptTest : public ::testing::Test {
 protected:
-    InputPromptTest() : terminal({320, 240, 0, 24, 1795339800, ""}) {
+    InputPromptTest() : terminal({320, 240, 0, 24, 1795339800, "", 0}) {
         osal::host::useVirtualTime(true);
         xui_host::setKeyWaitLimit(10ms);
         xui_host::setTracing(true);

@@ -17,6 +17,7 @@ struct Table {
     std::map<int, std::string> strings;
     localization::Currency currency{"\xC2\xA3", ".", 2}; // pound sterling
     bool currencyUnavailable = false;
+    double pseudoFactor = 0; // 0: strings as they are
 };
 
 Table& table() {
@@ -48,6 +49,27 @@ bool loadInto(Table& t, const std::string& path) {
     return true;
 }
 
+// The string as a long translation would make it: letters accented, as many characters again
+// as the factor asks for after a space, "[" and "]" at both ends.
+std::string pseudoLocalized(const std::string& text, double factor) {
+    static const std::map<char, const char*> accented = {
+        {'a', "\xC3\xA1"}, {'e', "\xC3\xA9"}, {'i', "\xC3\xAD"}, {'o', "\xC3\xB6"}, {'u', "\xC3\xBC"},
+        {'n', "\xC3\xB1"}, {'c', "\xC3\xA7"}, {'y', "\xC3\xBD"}, {'A', "\xC3\x81"}, {'E', "\xC3\x89"},
+        {'I', "\xC3\x8D"}, {'O', "\xC3\x96"}, {'U', "\xC3\x9C"}, {'N', "\xC3\x91"}, {'C', "\xC3\x87"}};
+    std::string out = "[";
+    std::size_t characters = 0;
+    for (char c : text) {
+        if ((static_cast<unsigned char>(c) & 0xC0) != 0x80)
+            ++characters;
+        const auto it = accented.find(c);
+        out += it == accented.end() ? std::string(1, c) : std::string(it->second);
+    }
+    const auto extra = static_cast<std::size_t>(double(characters) * (factor - 1) + 0.5);
+    if (extra > 0)
+        out += " " + std::string(extra - 1, '~');
+    return out + "]";
+}
+
 } // namespace
 
 std::string Localization::getLocalizedString(int id) {
@@ -58,7 +80,7 @@ std::string Localization::getLocalizedString(int id) {
     auto it = t.strings.find(id);
     if (it == t.strings.end())
         throw LocalizationException("no localized string with id " + std::to_string(id));
-    return it->second;
+    return t.pseudoFactor > 0 ? pseudoLocalized(it->second, t.pseudoFactor) : it->second;
 }
 
 localization::Currency Localization::getDefaultCurrency() {
@@ -77,6 +99,7 @@ void resetLocalization() {
     t.strings.clear();
     t.currency = {"\xC2\xA3", ".", 2};
     t.currencyUnavailable = false;
+    t.pseudoFactor = 0;
 }
 } // namespace osal::detail
 
@@ -112,6 +135,12 @@ void setCurrencyUnavailable(bool unavailable) {
     auto& t = table();
     std::lock_guard<std::mutex> lock(t.mutex);
     t.currencyUnavailable = unavailable;
+}
+
+void setPseudoLocalization(double factor) {
+    auto& t = table();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    t.pseudoFactor = factor;
 }
 
 } // namespace osal::host

@@ -36,6 +36,12 @@ bool loadStrings(const std::string& path);
 void setString(int id, const std::string& text);
 void clearStrings();
 
+// Pseudo-localization: every string read is made longer, as a translation would make it, by
+// factor of its characters (1.4: 40 % longer), its letters accented ("Sále") and "[" "]" at both
+// ends, so that a screen shows whether a long translation fits and where a text was cut. 0 turns
+// it off (the default).
+void setPseudoLocalization(double factor);
+
 void setCurrency(const localization::Currency& currency);
 // Makes getDefaultCurrency throw, as when the terminal has no currency configured.
 void setCurrencyUnavailable(bool unavailable);

@@ -30,6 +30,9 @@ struct TerminalOptions {
     int64_t clock = 1795339800;
     // Read with osal::host::loadStrings; empty keeps the stand-in's table as it is.
     std::string strings = "res/strings/en.txt";
+    // Every string this many times as long, accented and bracketed, as a long translation would
+    // make it (see osal::host::setPseudoLocalization); 0: as written.
+    double pseudoLocalization = 0;
     // The longest a press or a settle may take before it fails the test.
     std::chrono::milliseconds timeout{5000};
 };

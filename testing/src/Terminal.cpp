@@ -25,6 +25,8 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
     if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
         throw std::runtime_error("Terminal: cannot read the strings " + options.strings);
     osal::host::setPseudoLocalization(options.pseudoLocalization);
+    recorder_ = std::make_unique<Recorder>();
+    startMs_ = steadyMs(Clock::now());
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
     ui_->initialize();
     graphics_ = ui::ServiceLocator::getGraphicsService();
@@ -34,6 +36,7 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
 
 Terminal::~Terminal() {
     ui_.reset();
+    recorder_.reset();
     forgetServices();
     xui_host::reset();
     osal::host::reset();
@@ -86,6 +89,27 @@ std::vector<DrawnText> Terminal::texts() {
                        unsigned(std::stoul(call.args[2])), uint32_t(std::stoul(call.args[6], nullptr, 16))});
     }
     return out;
+}
+
+std::string Terminal::leds() {
+    recorder_->collect();
+    return recorder_->leds();
+}
+
+bool Terminal::waitForLeds(const std::string& pattern) {
+    return recorder_->waitForLeds(pattern, options_.timeout);
+}
+
+std::vector<Event> Terminal::timeline() {
+    for (auto& [at, what] : recorder_->take())
+        events_.push_back({at - startMs_, std::move(what)});
+    return events_;
+}
+
+void Terminal::tap(bool approved) {
+    if (!onTap_)
+        throw std::runtime_error("Terminal: a card was tapped, but no handler takes it (see onTap)");
+    onTap_(approved);
 }
 
 } // namespace ui::kit

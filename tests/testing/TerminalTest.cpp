@@ -35,4 +35,28 @@ TEST(KitTerminalTest, SettleWithoutAViewFailsInsteadOfHanging) {
     EXPECT_THROW(terminal.settle(), std::runtime_error);
 }
 
+// A tap that the application answers with the indicator's success: the LEDs in the schemes'
+// order and the success tone, read back as they came.
+TEST(KitTerminalTest, ATapLightsTheLedsInOrderWithTheSuccessTone) {
+    ui::kit::Terminal terminal;
+    terminal.show(std::make_shared<app::Screen>());
+    terminal.ui().enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
+    ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
+    ASSERT_TRUE(terminal.waitForLeds("1000"));
+    terminal.onTap([](bool approved) {
+        ui::ServiceLocator::updateContactlessIndicator(approved ? ui::State::Success : ui::State::Error);
+    });
+    terminal.tap(); // Success returns once its sequence has played
+    std::vector<std::string> seen;
+    for (const auto& event : terminal.timeline())
+        seen.push_back(event.what);
+    const std::vector<std::string> sequence = {"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110",
+                                               "leds 1111"};
+    auto at = seen.begin();
+    for (const auto& expected : sequence) {
+        at = std::find(at, seen.end(), expected);
+        ASSERT_NE(at, seen.end()) << expected << " missing or out of order";
+    }
+}
+
 } // namespace

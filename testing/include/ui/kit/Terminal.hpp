@@ -11,10 +11,13 @@
 
 #include <ui/ui.hpp>
 
+#include "ui/kit/Recorder.hpp"
+
 #include <xui_host.hpp>
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +38,13 @@ struct TerminalOptions {
     double pseudoLocalization = 0;
     // The longest a press or a settle may take before it fails the test.
     std::chrono::milliseconds timeout{5000};
+};
+
+// An LED change or a tone, at milliseconds since the terminal came up: "leds 1100",
+// "tone 1500 Hz 500 ms".
+struct Event {
+    int64_t atMs = 0;
+    std::string what;
 };
 
 // A text the last settled frame drew, where it drew it (canvas coordinates).
@@ -78,8 +88,23 @@ public:
     // that asks for redraws of its own meanwhile may add another frame's).
     std::vector<DrawnText> texts();
 
+    // The contactless LEDs as last drawn, '1' lit ("1000"); waitForLeds blocks until they show
+    // pattern (the indicator's worker draws them on its own thread), false on time-out.
+    std::string leds();
+    bool waitForLeds(const std::string& pattern);
+    // Every LED change and tone since the terminal came up, in order.
+    std::vector<Event> timeline();
+
+    // The card reader: tap() hands approved to the handler the application registered.
+    void onTap(std::function<void(bool approved)> handler) { onTap_ = std::move(handler); }
+    void tap(bool approved = true);
+
 private:
     TerminalOptions options_;
+    std::unique_ptr<Recorder> recorder_;
+    std::vector<Event> events_;
+    int64_t startMs_ = 0;
+    std::function<void(bool)> onTap_;
     std::unique_ptr<ui::UserInterface> ui_;
     ui::IGraphics* graphics_ = nullptr;
 };

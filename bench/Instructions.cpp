@@ -2,11 +2,7 @@
 // full-screen frame, one key into a currency prompt (handled and redrawn on this thread), and
 // one setText of 400 characters in words at 300 pixels. Each runs once to warm the caches and
 // once inside a function of its own, which `./run bench --instructions` has callgrind count.
-#include <Screen.hpp>
-#include <ui/ui.hpp>
-
-#include <osal/host.hpp>
-#include <xui_host.hpp>
+#include "Support.hpp"
 
 #include <cstdio>
 #include <cstring>
@@ -14,33 +10,8 @@
 
 namespace {
 
-class TenLabels : public app::Screen {
-public:
-    TenLabels() : Screen(0, 0, 320, 216) {
-        for (unsigned i = 0; i < 10; ++i) {
-            auto label = std::make_shared<ui::Label>(4, 2 + i * 21, 312, 20);
-            label->setText("Line " + std::to_string(i) + ": card payment terminal");
-            label->setAlignment(i % 2 ? ui::utils::Right : ui::utils::Left);
-            add(label);
-        }
-    }
-};
-
-// The support library's prompt screen; the key goes straight into its prompt, so that the
-// redraw stays on this thread.
-class AmountScreen : public app::PromptScreen {
-public:
-    AmountScreen()
-        : PromptScreen(ui::input::createCurrencyPrompt(1, 99999999, 2, "\xC2\xA3", "."), 0, 0, 320, 216) {
-        prompt().setText(21);
-        ui::input::AlignCenter(prompt());
-    }
-    void type(const device::input::Key& key) {
-        if (prompt().getInputText().size() >= 6)
-            prompt().clearAll();
-        prompt().injectKey(key);
-    }
-};
+using bench::AmountScreen;
+using bench::TenLabels;
 
 std::string fourHundredCharacters() {
     std::string text;

@@ -6,21 +6,7 @@ namespace {
 
 const std::string pound = "\xC2\xA3";
 
-// The support library's prompt screen with an amount that starts over after six digits, so
-// every key changes the amount shown.
-class AmountScreen : public app::PromptScreen {
-public:
-    AmountScreen()
-        : PromptScreen(ui::input::createCurrencyPrompt(1, 99999999, 2, pound, "."), 0, 0, 320, 216) {
-        prompt().setText(21);
-        ui::input::AlignCenter(prompt());
-    }
-    void handleKeyPress(const device::input::Key& key) override {
-        if (prompt().getInputText().size() >= 6)
-            prompt().clearAll();
-        PromptScreen::handleKeyPress(key);
-    }
-};
+using bench::AmountScreen;
 
 void BM_KeyIntoCurrencyPromptToPresent(benchmark::State& state) {
     osal::host::setString(21, "Enter the amount of the sale");

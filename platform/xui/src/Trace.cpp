@@ -157,28 +157,30 @@ std::string nameOf(const void* handle) {
     return xui_impl::arg(handle);
 }
 
+namespace {
+uint64_t frames(uint64_t xui_impl::Trace::*counter) {
+    auto& t = xui_impl::tr();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    return t.*counter;
+}
+bool waitForFrames(uint64_t xui_impl::Trace::*counter, uint64_t count, std::chrono::milliseconds timeout) {
+    auto& t = xui_impl::tr();
+    std::unique_lock<std::mutex> lock(t.mutex);
+    return t.frameShown.wait_for(lock, timeout, [&] { return t.*counter >= count; });
+}
+} // namespace
+
 uint64_t framesShown() {
-    auto& t = xui_impl::tr();
-    std::lock_guard<std::mutex> lock(t.mutex);
-    return t.frames;
+    return frames(&xui_impl::Trace::frames);
 }
-
 bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout) {
-    auto& t = xui_impl::tr();
-    std::unique_lock<std::mutex> lock(t.mutex);
-    return t.frameShown.wait_for(lock, timeout, [&] { return t.frames >= count; });
+    return waitForFrames(&xui_impl::Trace::frames, count, timeout);
 }
-
 uint64_t mainFramesShown() {
-    auto& t = xui_impl::tr();
-    std::lock_guard<std::mutex> lock(t.mutex);
-    return t.mainFrames;
+    return frames(&xui_impl::Trace::mainFrames);
 }
-
 bool waitForMainFrames(uint64_t count, std::chrono::milliseconds timeout) {
-    auto& t = xui_impl::tr();
-    std::unique_lock<std::mutex> lock(t.mutex);
-    return t.frameShown.wait_for(lock, timeout, [&] { return t.mainFrames >= count; });
+    return waitForFrames(&xui_impl::Trace::mainFrames, count, timeout);
 }
 
 } // namespace xui_host

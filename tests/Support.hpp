@@ -9,7 +9,7 @@
 #include "ui/Image.hpp"
 #include "ui/Widget.hpp"
 
-#include <Screen.hpp>
+#include <app/Screen.hpp>
 
 #include <gtest/gtest.h>
 

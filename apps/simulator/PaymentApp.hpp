@@ -6,7 +6,7 @@
 #pragma once
 
 #include "AppThread.hpp"
-#include "Screen.hpp"
+#include <app/Screen.hpp>
 
 #include <ui/ui.hpp>
 

@@ -1,4 +1,4 @@
-#include "Screen.hpp"
+#include <app/Screen.hpp>
 
 namespace app {
 

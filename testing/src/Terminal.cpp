@@ -100,6 +100,10 @@ bool Terminal::waitForLeds(const std::string& pattern) {
     return recorder_->waitForLeds(pattern, options_.timeout);
 }
 
+bool Terminal::waitForTones(size_t count) {
+    return recorder_->waitForTones(count, options_.timeout);
+}
+
 std::vector<Event> Terminal::timeline() {
     for (auto& [at, what] : recorder_->take())
         events_.push_back({at - startMs_, std::move(what)});

@@ -30,6 +30,8 @@ requires() { # PACKAGE TEXT: the package's Depends field holds the text
 requires libui "libui-host-platform (= $version)"
 requires libui-host-platform libfreetype6
 requires ui-simulator "libui (= $version)"
+requires libui-testing-dev "libui (= $version)"
+requires libui-testing-dev libgtest-dev
 if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui "; then
     echo "the stand-ins depend on the library"
     exit 1
@@ -41,6 +43,15 @@ cmake -S "$here/../install" -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$r
     cmake --build "$work/consumer" >> "$work/consumer.log" 2>&1 || { cat "$work/consumer.log"; exit 1; }
 "$work/consumer/consumer"
 
+# The example application's suite builds against the root, as an application team's would, and
+# passes in any order, each test in its process.
+cmake -S "$here/../../examples/pay" -B "$work/example" -G Ninja -DCMAKE_PREFIX_PATH="$root/usr" \
+    > "$work/example.log" 2>&1 && cmake --build "$work/example" >> "$work/example.log" 2>&1 ||
+    { cat "$work/example.log"; exit 1; }
+(cd "$work/example" && ctest --schedule-random --output-on-failure > "$work/example-tests.log" 2>&1) ||
+    { cat "$work/example-tests.log"; exit 1; }
+grep -q '^100% tests passed' "$work/example-tests.log" || { cat "$work/example-tests.log"; exit 1; }
+
 # The simulator runs from the root, its data found beside it, its output where it was asked.
 printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
 (cd "$work" && "$root/usr/bin/ui-simulator" --script short.session --out out > simulator.log 2>&1) ||
@@ -48,4 +59,4 @@ printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
 [ -s "$work/out/03_menu.png" ] || { echo "the simulator drew nothing"; cat "$work/simulator.log"; exit 1; }
 
 echo "$(ls "$packages"/*.deb | wc -l) packages, $(wc -l < "$work/files.txt") files, as listed in $expected;"
-echo "installed into $root: a consumer builds against them, the simulator plays a session"
+echo "installed into $root: a consumer builds against them, the example's suite passes, the simulator plays a session"

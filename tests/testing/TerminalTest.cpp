@@ -2,13 +2,11 @@
 // look at what is on the panel, with nothing slept to wait for a frame.
 #include "Golden.hpp"
 
-#include <Screen.hpp>
+#include <app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -50,17 +48,10 @@ TEST(KitTerminalTest, ATapLightsTheLedsInOrderWithTheSuccessTone) {
     });
     terminal.tap(); // Success returns once its sequence has played
     const auto timeline = terminal.timeline();
-    EXPECT_THAT(timeline, ui::kit::SoundedTone(1500, 500));
-    std::vector<std::string> seen;
-    for (const auto& event : timeline)
-        seen.push_back(event.what);
-    const std::vector<std::string> sequence = {"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110",
-                                               "leds 1111"};
-    auto at = seen.begin();
-    for (const auto& expected : sequence) {
-        at = std::find(at, seen.end(), expected);
-        ASSERT_NE(at, seen.end()) << expected << " missing or out of order";
-    }
+    EXPECT_THAT(timeline, ui::kit::SoundedTones({{1500, 500}}));
+    EXPECT_THAT(timeline, ui::kit::HappenedInOrder(
+                              {"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110", "leds 1111"}));
+    EXPECT_THAT(timeline, testing::Not(ui::kit::HappenedInOrder({"leds 1110", "leds 1100"})));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 //
 //   EXPECT_THAT(terminal.texts(), ui::kit::ShowsText("Approved"));
 //   EXPECT_THAT(terminal.timeline(), ui::kit::SoundedTone(1500, 500));
+//   EXPECT_THAT(terminal.timeline(), ui::kit::SoundedTones({{1500, 500}}));
+//   EXPECT_THAT(terminal.timeline(), ui::kit::HappenedInOrder({"leds 1100", "leds 1110", "leds 1111"}));
 //   EXPECT_EQ(terminal.leds(), "1111");
 #pragma once
 
@@ -10,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -43,6 +46,62 @@ MATCHER_P2(SoundedTone, hertz, milliseconds,
     }
     *result_listener << "the tones were " << (seen.empty() ? std::string("none") : seen);
     return false;
+}
+
+namespace detail {
+
+inline std::string joined(const std::vector<std::string>& items, const std::string& none) {
+    std::string out;
+    for (const std::string& item : items)
+        out += (out.empty() ? "" : ", ") + item;
+    return out.empty() ? none : out;
+}
+
+MATCHER_P(TonesAre, tones, "sounded exactly " + joined(tones, "no tone")) {
+    std::vector<std::string> seen;
+    for (const Event& event : arg)
+        if (event.what.rfind("tone ", 0) == 0)
+            seen.push_back(event.what);
+    *result_listener << "the tones were " << joined(seen, "none");
+    return seen == tones;
+}
+
+MATCHER_P(EventsInOrder, events, "holds, in this order, " + joined(events, "nothing")) {
+    size_t next = 0;
+    for (const Event& event : arg)
+        if (next < events.size() && event.what == events[next])
+            ++next;
+    if (next == events.size())
+        return true;
+    std::vector<std::string> seen;
+    for (const Event& event : arg)
+        seen.push_back(event.what);
+    *result_listener << "\"" << events[next] << "\" is missing or out of order; the timeline was "
+                     << joined(seen, "empty");
+    return false;
+}
+
+} // namespace detail
+
+// One tone, as the timeline writes it.
+struct Tone {
+    int hertz;
+    int milliseconds;
+};
+
+// The timeline's tones are exactly these, in this order.
+inline auto SoundedTones(std::initializer_list<Tone> tones) {
+    std::vector<std::string> wanted;
+    for (const Tone& tone : tones)
+        wanted.push_back("tone " + std::to_string(tone.hertz) + " Hz " + std::to_string(tone.milliseconds) +
+                         " ms");
+    return detail::TonesAre(wanted);
+}
+
+// The timeline holds these events ("leds 1100", "tone 1500 Hz 500 ms") in this order, others
+// possibly between them.
+inline auto HappenedInOrder(std::vector<std::string> events) {
+    return detail::EventsInOrder(std::move(events));
 }
 
 } // namespace ui::kit

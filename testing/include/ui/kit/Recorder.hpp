@@ -8,6 +8,7 @@
 #include <xui_host.hpp>
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -40,11 +41,13 @@ public:
             std::lock_guard<std::mutex> lock(mutex_);
             draws_.push_back({steadyMs(call.at), unsigned(std::stoul(call.args[1])), call.args.back()});
             lastActivity_ = Clock::now();
+            changed_.notify_all();
         });
         osal::host::setBeepHandler([this](const osal::host::Beep& beep) {
             std::lock_guard<std::mutex> lock(mutex_);
             beeps_.push_back(beep);
             lastActivity_ = Clock::now();
+            changed_.notify_all();
         });
     }
     Recorder(const Recorder&) = delete;
@@ -64,15 +67,11 @@ public:
 
     // Waits until the LEDs show pattern ("1000"), at most timeout; false if they never did.
     bool waitForLeds(const std::string& pattern, std::chrono::milliseconds timeout) {
-        const auto deadline = Clock::now() + timeout;
-        for (;;) {
-            collect();
-            if (leds_ == pattern)
-                return true;
-            if (Clock::now() > deadline)
-                return false;
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
+        return waitUntil([&] { return leds_ == pattern; }, timeout);
+    }
+    // Waits until count tones have sounded since the recorder began, at most timeout.
+    bool waitForTones(size_t count, std::chrono::milliseconds timeout) {
+        return waitUntil([&] { return allBeeps_.size() >= count; }, timeout);
     }
 
     // Reads what the listeners saw into events and the LED pattern.
@@ -129,7 +128,22 @@ public:
     const std::vector<osal::host::Beep>& beeps() const { return allBeeps_; }
 
 private:
+    // Woken by every draw and beep the listeners see, never by a clock.
+    template <class Done> bool waitUntil(Done done, std::chrono::milliseconds timeout) {
+        const auto deadline = Clock::now() + timeout;
+        for (;;) {
+            collect();
+            if (done())
+                return true;
+            // What arrived since collect() is still in draws_ or beeps_: no wake-up is lost.
+            std::unique_lock<std::mutex> lock(mutex_);
+            if (!changed_.wait_until(lock, deadline, [&] { return !draws_.empty() || !beeps_.empty(); }))
+                return false;
+        }
+    }
+
     std::mutex mutex_;
+    std::condition_variable changed_;
     std::vector<LedDraw> draws_;
     std::vector<osal::host::Beep> beeps_;
     std::vector<osal::host::Beep> allBeeps_;

@@ -19,6 +19,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,14 @@ struct DrawnText {
     unsigned y = 0;
     uint32_t colour = 0; // as Xui was given it, 0xAARRGGBB
 };
+
+// How GoogleTest prints them in a failure.
+inline void PrintTo(const Event& event, std::ostream* out) {
+    *out << "+" << event.atMs << " ms " << event.what;
+}
+inline void PrintTo(const DrawnText& text, std::ostream* out) {
+    *out << "\"" << text.text << "\" at (" << text.x << ", " << text.y << ")";
+}
 
 class Terminal {
 public:
@@ -92,6 +101,9 @@ public:
     // pattern (the indicator's worker draws them on its own thread), false on time-out.
     std::string leds();
     bool waitForLeds(const std::string& pattern);
+    // Blocks until count tones have sounded since the terminal came up (the indicator's alert
+    // plays on its worker after the state change returns); false on time-out.
+    bool waitForTones(size_t count);
     // Every LED change and tone since the terminal came up, in order.
     std::vector<Event> timeline();
 

@@ -1,0 +1,33 @@
+// The example application's one screen: the amount typed on a currency prompt; Enter asks for
+// the card and readies the contactless indicator; the card reader's answer shows the outcome
+// and plays the indicator's sequence.
+#pragma once
+
+#include <app/Screen.hpp>
+#include <ui/ui.hpp>
+
+#include <memory>
+#include <string>
+
+namespace pay {
+
+// The indicator's LEDs in the header's left corner, with the schemes' default tones.
+void enableIndicator(ui::UserInterface& ui);
+
+class PayScreen : public app::PromptScreen {
+public:
+    PayScreen();
+
+    // From the card reader's thread: approved or declined.
+    void cardTapped(bool approved);
+    // The amount Enter took, in minor units; 0 before.
+    long amount() const { return amount_; }
+
+private:
+    void showStatus(int text);
+
+    std::shared_ptr<ui::Label> status_;
+    long amount_ = 0;
+};
+
+} // namespace pay

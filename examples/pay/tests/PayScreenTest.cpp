@@ -28,7 +28,9 @@ protected:
         return options;
     }
 
-    static std::string golden(const std::string& name) { return std::string(PAY_GOLDEN_DIR) + "/" + name + ".png"; }
+    static std::string golden(const std::string& name) {
+        return std::string(PAY_GOLDEN_DIR) + "/" + name + ".png";
+    }
 
     ui::kit::Terminal terminal;
     std::shared_ptr<pay::PayScreen> screen = std::make_shared<pay::PayScreen>();
@@ -48,7 +50,8 @@ TEST_F(PayScreenTest, AnApprovedTapShowsApprovedAfterTheSuccessLedsAndTone) {
     EXPECT_THAT(terminal.texts(), ShowsText("Approved"));
     const auto timeline = terminal.timeline();
     EXPECT_THAT(timeline, SoundedTones({{1500, 500}}));
-    EXPECT_THAT(timeline, HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110", "leds 1111"}));
+    EXPECT_THAT(timeline,
+                HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110", "leds 1111"}));
     EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), golden("approved")));
 }
 

@@ -33,7 +33,7 @@ endif()
 set(CPACK_DEBIAN_TESTING_PACKAGE_NAME libui-testing-dev)
 set(CPACK_COMPONENT_TESTING_DESCRIPTION "Testing kit of the UI library: a GoogleTest library that runs an application's screens on the host stand-ins, presses keys, reads the screen, LEDs and tones and compares golden pictures; the stand-ins' host controls and the screen base")
 set(CPACK_COMPONENT_TESTING_DEPENDS library platform)
-set(CPACK_DEBIAN_TESTING_PACKAGE_DEPENDS "libgtest-dev, libgmock-dev")
+set(CPACK_DEBIAN_TESTING_PACKAGE_DEPENDS "libgtest-dev, libgmock-dev, libgif-dev, libsndfile1-dev")
 
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME ui-simulator)
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_SECTION misc)

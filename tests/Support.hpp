@@ -10,6 +10,7 @@
 #include "ui/Widget.hpp"
 
 #include <app/Screen.hpp>
+#include <ui/kit/Terminal.hpp>
 
 #include <gtest/gtest.h>
 
@@ -149,18 +150,8 @@ inline std::vector<xui_host::Call> drawCalls(ui::Widget& widget, const std::stri
 // The texts of the CanvasDrawText calls among calls, unquoted, in order.
 inline std::vector<std::string> texts(const std::vector<xui_host::Call>& calls) {
     std::vector<std::string> out;
-    for (const auto& c : calls) {
-        if (c.function != "CanvasDrawText" || c.args.size() < 8)
-            continue;
-        const std::string& quoted = c.args[7];
-        std::string text;
-        for (size_t i = 1; i + 1 < quoted.size(); ++i) {
-            if (quoted[i] == '\\')
-                ++i;
-            text += quoted[i];
-        }
-        out.push_back(text);
-    }
+    for (const auto& drawn : ui::kit::drawnTexts(calls))
+        out.push_back(drawn.text);
     return out;
 }
 
@@ -200,15 +191,6 @@ inline bool eventually(const std::function<bool()>& condition) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return condition();
-}
-
-// Waits until the keypad thread has read count keys and is done with the last one: it has begun
-// to wait for the next.
-inline bool keysHandled(uint64_t count) {
-    if (!eventually([&] { return xui_host::keysRead() == count; }))
-        return false;
-    const uint64_t waits = xui_host::keyWaits();
-    return eventually([&] { return xui_host::keyWaits() > waits; });
 }
 
 // The thread count to compare with: a thread that the set-up joined may still be listed, for

@@ -1,8 +1,8 @@
 // The terminal simulator: the demo payment application on the library, headless (plays a
 // session script and records it) or in a window (the keyboard as keypad).
-#include "Script.hpp"
 #include "SdlWindow.hpp"
 #include "Session.hpp"
+#include <ui/kit/Script.hpp>
 
 #include <osal/host.hpp>
 #include <xui_host.hpp>
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
                   << "step, session.gif, timeline.txt (LEDs and tones), tones.wav and storyboard.html.\n\n"
                   << demo::windowKeys() << "\n"
                   << options << "\n"
-                  << demo::scriptHelp();
+                  << ui::kit::scriptHelp();
         return 0;
     }
 
@@ -75,11 +75,11 @@ int main(int argc, char** argv) {
         }
     }
 
-    std::vector<demo::Command> commands;
+    std::vector<ui::kit::Command> commands;
     try {
         if (!script.empty() || !args.count("window"))
-            commands = demo::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
-    } catch (const demo::ScriptError& e) {
+            commands = ui::kit::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
+    } catch (const ui::kit::ScriptError& e) {
         std::cerr << "ui_demo: " << e.what() << "\n";
         return 2;
     }

@@ -130,10 +130,6 @@ public:
                 onKey(key);
         });
     }
-    void draw(_XuiWindow* canvas) override {
-        app::Screen::draw(canvas);
-        ++app_.framesDrawn_;
-    }
     void onShow() override {
         if (gif)
             gif->visible(true);

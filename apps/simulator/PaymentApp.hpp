@@ -7,6 +7,7 @@
 
 #include "AppThread.hpp"
 #include <app/Screen.hpp>
+#include <ui/kit/Script.hpp>
 
 #include <ui/ui.hpp>
 
@@ -28,38 +29,36 @@ struct AppOptions {
     std::function<void(const std::string&)> moment;
 };
 
-class PaymentApp {
+class PaymentApp : public ui::kit::Application {
 public:
     // Opens the display, builds every screen and shows the idle one.
     explicit PaymentApp(const AppOptions& options = {});
-    ~PaymentApp();
+    ~PaymentApp() override;
     PaymentApp(const PaymentApp&) = delete;
     PaymentApp& operator=(const PaymentApp&) = delete;
 
     // What the world outside the keypad does; callable from any thread, done in order on the
     // application's thread. A card tapped on the idle screen starts a sale; on the "present
     // card" screen it pays; elsewhere it is not asked for and nothing happens.
-    void tapCard(bool approved);
-    void setBattery(int level);
-    void setEthernet(bool connected);
-    void setSignal(unsigned percent);
-    void setFlightMode(bool on);
-    void setOfflineCount(int count);
-    void setUpdateAvailable(bool available);
+    void tapCard(bool approved) override;
+    void setBattery(int level) override;
+    void setEthernet(bool connected) override;
+    void setSignal(unsigned percent) override;
+    void setFlightMode(bool on) override;
+    void setOfflineCount(int count) override;
+    void setUpdateAvailable(bool available) override;
     // Redraws the header, for a clock that has moved on.
-    void refreshHeader();
+    void refreshHeader() override;
 
     // State changes asked of the contactless indicator so far, and the last one.
-    int indicatorChanges() const { return indicatorChanges_; }
-    ui::State indicated() const { return indicated_; }
-    // Frames in which the rendering thread has drawn one of the application's screens.
-    int framesDrawn() const { return framesDrawn_; }
+    int indicatorChanges() const override { return indicatorChanges_; }
+    ui::State indicated() const override { return indicated_; }
     // Keys the screens have taken from the keypad so far.
     int keysReceived() const { return keysReceived_; }
     // Returns once the application has done all it was asked (keys received included).
-    void waitUntilIdle() { thread_.waitUntilIdle(); }
+    void waitUntilIdle() override { thread_.waitUntilIdle(); }
     bool finished() const { return finished_; }
-    ui::IGraphics& graphics() { return *graphics_; }
+    ui::IGraphics& graphics() override { return *graphics_; }
     // Where the status header keeps its values, for front ends that show them.
     const app::StatusHeader& header() const { return *header_; }
     int battery() const { return battery_; }
@@ -103,7 +102,6 @@ private:
     std::atomic<int> keysReceived_{0};
     std::atomic<int> indicatorChanges_{0};
     std::atomic<ui::State> indicated_{ui::State::Idle};
-    std::atomic<int> framesDrawn_{0};
     std::atomic<bool> finished_{false};
     std::atomic<int> battery_{3};
     std::atomic<bool> ethernet_{true};

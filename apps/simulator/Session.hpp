@@ -1,10 +1,10 @@
-// Plays a session script against the demo application without a window, and records it (see
-// Recording): a step per script line and per moment of a sale, each with its picture.
+// The demo's session: the kit's headless player and recorder (ui::kit::Session) with the demo
+// application, its indicator set so that an idle picture shows the flash on every run.
 #pragma once
 
 #include "PaymentApp.hpp"
-#include "Recording.hpp"
-#include "Script.hpp"
+
+#include <ui/kit/Session.hpp>
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@
 namespace demo {
 
 struct SessionResult {
-    std::vector<Step> steps;
+    std::vector<ui::kit::Step> steps;
     std::vector<std::string> files; // what was written, in order
 };
 
@@ -22,11 +22,11 @@ struct SessionOptions {
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
 };
 
-// Runs the script headless to its end, the same on every run: the clock is pinned (to
-// 2026-11-22 09:30 until a clock line moves it) and so is the animation; the indicator idles
-// one second, then its idle flash stays lit for ten minutes, so that a picture taken while it
-// idles shows the flash however long the step took. Throws ScriptError for a line the
-// application cannot play, and std::runtime_error when an output cannot be written.
-SessionResult runSession(const std::vector<Command>& script, const SessionOptions& options);
+// Runs the script headless to its end, the same on every run (see ui::kit::Session): the
+// indicator idles one second, then its idle flash stays lit for ten minutes, so that a picture
+// taken while it idles shows the flash however long the step took; the moments of a sale are
+// steps of their own. Throws ScriptError for a line the application cannot play, and
+// std::runtime_error when an output cannot be written.
+SessionResult runSession(const std::vector<ui::kit::Command>& script, const SessionOptions& options);
 
 } // namespace demo

@@ -3,6 +3,7 @@
 #include <osal/host.hpp>
 
 #include <stdexcept>
+#include <thread>
 
 namespace ui::kit {
 
@@ -25,6 +26,7 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
     if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
         throw std::runtime_error("Terminal: cannot read the strings " + options.strings);
     osal::host::setPseudoLocalization(options.pseudoLocalization);
+    osal::host::useVirtualTime(options.virtualTime);
     recorder_ = std::make_unique<Recorder>();
     startMs_ = steadyMs(Clock::now());
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
@@ -32,6 +34,10 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
     graphics_ = ui::ServiceLocator::getGraphicsService();
     if (!graphics_)
         throw std::runtime_error("Terminal: the display did not open");
+    if (options.statusHeader) {
+        header_ = std::make_shared<app::StatusHeader>();
+        graphics_->getWindow()->setHeader(header_);
+    }
 }
 
 Terminal::~Terminal() {
@@ -54,9 +60,26 @@ void Terminal::press(int xuiKeyCode) {
                                  std::to_string(options_.timeout.count()) + " ms");
 }
 
-void Terminal::type(const std::string& digits) {
-    for (char digit : digits)
+void Terminal::type(const std::string& digits, std::chrono::milliseconds pause) {
+    for (char digit : digits) {
         press(digit);
+        letTimePass(pause);
+    }
+}
+
+void Terminal::letTimePass(std::chrono::milliseconds time) {
+    if (time.count() <= 0)
+        return;
+    if (options_.virtualTime)
+        osal::host::advanceTime(time);
+    else
+        std::this_thread::sleep_for(time);
+}
+
+app::StatusHeader& Terminal::header() {
+    if (!header_)
+        throw std::logic_error("Terminal: no status header (TerminalOptions::statusHeader)");
+    return *header_;
 }
 
 void Terminal::settle() {
@@ -82,11 +105,24 @@ std::vector<DrawnText> Terminal::texts() {
     settle(); // what was asked for before is drawn: the next settle draws one frame
     xui_host::clearTrace();
     settle();
+    return drawnTexts(xui_host::trace("CanvasDrawText"));
+}
+
+std::vector<DrawnText> drawnTexts(const std::vector<xui_host::Call>& calls) {
     std::vector<DrawnText> out;
-    for (const auto& call : xui_host::trace("CanvasDrawText")) {
+    for (const auto& call : calls) {
+        if (call.function != "CanvasDrawText" || call.args.size() < 8)
+            continue;
+        // The trace quotes the text and escapes quotes and backslashes in it.
         const std::string& quoted = call.args[7];
-        out.push_back({quoted.substr(1, quoted.size() - 2), unsigned(std::stoul(call.args[1])),
-                       unsigned(std::stoul(call.args[2])), uint32_t(std::stoul(call.args[6], nullptr, 16))});
+        std::string text;
+        for (size_t i = 1; i + 1 < quoted.size(); ++i) {
+            if (quoted[i] == '\\')
+                ++i;
+            text += quoted[i];
+        }
+        out.push_back({text, unsigned(std::stoul(call.args[1])), unsigned(std::stoul(call.args[2])),
+                       uint32_t(std::stoul(call.args[6], nullptr, 16))});
     }
     return out;
 }

@@ -1,8 +1,8 @@
 #include "Golden.hpp"
 #include "Support.hpp"
 
-#include "Script.hpp"
 #include "Session.hpp"
+#include <ui/kit/Script.hpp>
 
 #include <algorithm>
 #include <cstdio>
@@ -12,66 +12,6 @@
 namespace {
 
 using Lines = std::vector<std::string>;
-
-std::vector<demo::Command> parse(const std::string& text) {
-    std::istringstream in(text);
-    return demo::parseScript(in, "test.session");
-}
-
-TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
-    const auto commands = parse("# a session\n\nkey ENTER   # the menu\nkeys 0930\nwait 800\ntap\n"
-                                "tap declined\nbattery 6\nethernet off\nsignal 100\nflight on\noffline 12\n"
-                                "update off\nclock 2026-11-22 18:45\nshot receipt_2\n");
-    ASSERT_EQ(commands.size(), 13u);
-    EXPECT_EQ(commands[0].kind, demo::Command::Key);
-    EXPECT_EQ(commands[0].word, "ENTER");
-    EXPECT_EQ(commands[0].line, 3);
-    EXPECT_EQ(commands[0].text, "key ENTER");
-    EXPECT_EQ(commands[1].word, "0930");
-    EXPECT_EQ(commands[2].number, 800);
-    EXPECT_TRUE(commands[3].on);
-    EXPECT_FALSE(commands[4].on);
-    EXPECT_EQ(commands[5].number, 6);
-    EXPECT_FALSE(commands[6].on);
-    EXPECT_EQ(commands[11].number, 1795373100); // 2026-11-22 18:45 local
-    EXPECT_EQ(commands[12].word, "receipt_2");
-}
-
-TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
-    struct Case {
-        std::string line, message;
-    };
-    const Case cases[] = {
-        {"prss ENTER", "test.session:2: unknown command \"prss\"; expected one of key, keys, wait"},
-        {"key ENTRE", "test.session:2: unknown key \"ENTRE\"; expected one of 0-9, ENTER"},
-        {"key", "test.session:2: key takes 1 argument, not 0; expected key NAME"},
-        {"keys 12a", "test.session:2: \"12a\" holds something other than digits; expected keys DIGITS"},
-        {"wait soon", "test.session:2: \"soon\" is not a number from 0 to 60000; expected wait MILLISECONDS"},
-        {"battery 7", "test.session:2: \"7\" is not a number from 0 to 6; expected battery 0-6"},
-        {"flight maybe", "test.session:2: \"maybe\" is neither on nor off; expected flight on|off"},
-        {"tap twice", "test.session:2: a tap is approved or declined; expected tap"},
-        {"clock 2026-13-40 25:00", "test.session:2: \"2026-13-40 25:00\" is not a date and time"},
-        {"shot ../x", "test.session:2: \"../x\" is not a file name"},
-    };
-    for (const auto& c : cases) {
-        try {
-            parse("key ENTER\n" + c.line + "\nkey ENTER\n");
-            ADD_FAILURE() << "accepted: " << c.line;
-        } catch (const demo::ScriptError& e) {
-            EXPECT_EQ(std::string(e.what()).rfind(c.message, 0), 0u) << e.what();
-        }
-    }
-}
-
-TEST(ScriptTest, OneKeyTable_TypedStarAndHashAreKeysOnAnyLayout) {
-    EXPECT_EQ(demo::keyCode("STAR"), XUI_KEY_STAR);
-    EXPECT_EQ(demo::keyCode("7"), '7');
-    EXPECT_EQ(demo::keyCode("ENTRE"), XUI_KEY_NONE);
-    EXPECT_EQ(demo::keyForTypedCharacter('*'), XUI_KEY_STAR);
-    EXPECT_EQ(demo::keyForTypedCharacter('#'), XUI_KEY_HASH);
-    EXPECT_EQ(demo::keyForTypedCharacter('0'), '0');
-    EXPECT_EQ(demo::keyForTypedCharacter('t'), XUI_KEY_NONE); // a shortcut of the window's
-}
 
 std::string readAll(FILE* pipe) {
     std::string out;
@@ -101,7 +41,7 @@ TEST(ScriptTest, HelpDocumentsEveryScriptCommand) {
     ASSERT_NE(pipe, nullptr);
     const std::string output = readAll(pipe);
     EXPECT_EQ(pclose(pipe), 0);
-    for (const auto& command : demo::commandHelp())
+    for (const auto& command : ui::kit::commandHelp())
         EXPECT_NE(output.find("  " + command.form + " "), std::string::npos) << command.form << "\n"
                                                                              << output;
 }
@@ -115,13 +55,13 @@ protected:
 
 TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
     osal::host::loadStrings("res/strings/en.txt");
-    const auto result = demo::runSession(demo::loadScript("apps/simulator/demo.session"), {});
+    const auto result = demo::runSession(ui::kit::loadScript("apps/simulator/demo.session"), {});
     ASSERT_GT(result.steps.size(), 50u);
     for (const auto& step : result.steps) {
         const std::string stem = step.picture.substr(0, step.picture.size() - 4);
         EXPECT_TRUE(test::matchesGolden(step.screen, "demo/" + stem)) << step.action;
     }
-    const Lines timeline = demo::timelineLines(result.steps, false);
+    const Lines timeline = ui::kit::timelineLines(result.steps, false);
     const std::string path = std::string(UI_GOLDEN_DIR) + "/demo/timeline.txt";
     if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
         std::ofstream out(path);
@@ -141,7 +81,7 @@ TEST_F(DemoSessionTest, PseudoLocalizedScreensMatchTheReviewedOnes) {
     osal::host::loadStrings("res/strings/en.txt");
     demo::SessionOptions options;
     options.pseudoLocalization = 1.4;
-    const auto result = demo::runSession(demo::loadScript("tests/apps/pseudo.session"), options);
+    const auto result = demo::runSession(ui::kit::loadScript("tests/apps/pseudo.session"), options);
     ASSERT_GT(result.steps.size(), 15u);
     for (const auto& step : result.steps)
         EXPECT_TRUE(test::matchesGolden(step.screen,
@@ -153,7 +93,8 @@ TEST_F(DemoSessionTest, PseudoLocalizedScreensMatchTheReviewedOnes) {
 // of a line stay apart, and flight mode darkens the signal bars.
 TEST_F(DemoSessionTest, ATapOnIdleStartsASale_HintsStayApart_FlightDarkensTheSignal) {
     osal::host::loadStrings("res/strings/en.txt");
-    const auto result = demo::runSession(parse("tap\nflight on\n"), {});
+    std::istringstream script("tap\nflight on\n");
+    const auto result = demo::runSession(ui::kit::parseScript(script, "test.session"), {});
     ASSERT_EQ(result.steps.size(), 3u);
     const auto texts = test::texts(xui_host::trace("CanvasDrawText"));
     const auto shown = [&](const std::string& text) { return std::count(texts.begin(), texts.end(), text); };

@@ -219,6 +219,8 @@ def main():
         finally:
             (ROOT / mutant.file).write_text(original)
         print(f"[{index:2}/{len(sample)}] {mutant.name}: {verdict}", flush=True)
+        if verdict.startswith("SURVIVED"):
+            print(f"        {original.splitlines()[mutant.line - 1].strip()}", flush=True)
 
     run(build)  # leaves the build as the sources are
     scored = len(caught) + len(survived)

@@ -28,6 +28,23 @@ TEST(KitTerminalTest, AnAmountTypedIsOnThePanelOnceSettled) {
     EXPECT_EQ(screen->prompt().getInputText(), "1250");
 }
 
+// Multi-tap in virtual time: the same key after the 750 ms interval starts a new character. The
+// header's state shows at the next settle.
+TEST(KitTerminalTest, TypesWithThePauseAsked_AndShowsTheHeadersState) {
+    ui::kit::TerminalOptions options;
+    options.statusHeader = true;
+    options.virtualTime = true;
+    ui::kit::Terminal terminal(options);
+    auto screen = std::make_shared<app::PromptScreen>(ui::input::createTextPrompt(false, false, true, 0, 10));
+    terminal.show(screen);
+    terminal.type("22", std::chrono::milliseconds(750));
+    terminal.type("22");
+    EXPECT_EQ(screen->prompt().getInputText(), "AAB");
+    terminal.header().setOfflineCount(7);
+    EXPECT_THAT(terminal.texts(), ui::kit::ShowsText("7"));
+    EXPECT_THAT(terminal.texts(), ui::kit::ShowsText("09:30"));
+}
+
 TEST(KitTerminalTest, SettleWithoutAViewFailsInsteadOfHanging) {
     ui::kit::TerminalOptions options;
     options.timeout = std::chrono::milliseconds(200);

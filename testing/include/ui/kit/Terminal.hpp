@@ -13,6 +13,8 @@
 
 #include "ui/kit/Recorder.hpp"
 
+#include <app/Screen.hpp>
+
 #include <xui_host.hpp>
 
 #include <chrono>
@@ -37,6 +39,12 @@ struct TerminalOptions {
     // Every string this many times as long, accented and bracketed, as a long translation would
     // make it (see osal::host::setPseudoLocalization); 0: as written.
     double pseudoLocalization = 0;
+    // The demo's status header (app::StatusHeader: clock, battery, signal, Ethernet, flight
+    // mode, offline store, update) on the status bar, changed with header(); false: none.
+    bool statusHeader = false;
+    // Time that passes with letTimePass (timers, the multi-tap interval, device::sleep) is
+    // virtual: it passes at once. The indicator's own sequences then play at once too.
+    bool virtualTime = false;
     // The longest a press or a settle may take before it fails the test.
     std::chrono::milliseconds timeout{5000};
 };
@@ -55,6 +63,9 @@ struct DrawnText {
     unsigned y = 0;
     uint32_t colour = 0; // as Xui was given it, 0xAARRGGBB
 };
+
+// The texts that the CanvasDrawText calls among calls drew, unquoted, in order.
+std::vector<DrawnText> drawnTexts(const std::vector<xui_host::Call>& calls);
 
 // How GoogleTest prints them in a failure.
 inline void PrintTo(const Event& event, std::ostream* out) {
@@ -83,8 +94,17 @@ public:
     // window to the view's handler; returns once the keypad thread is done with it. Throws
     // std::runtime_error on time-out.
     void press(int xuiKeyCode);
-    // Digits, each pressed and handled before the next.
-    void type(const std::string& digits);
+    // Digits, '*' and '#', each pressed and handled before the next, with pause passing
+    // (letTimePass) after each: the multi-tap interval is 750 ms, so a pause that long makes
+    // the same key twice two characters.
+    void type(const std::string& digits, std::chrono::milliseconds pause = std::chrono::milliseconds(0));
+    // Lets time pass: at once in virtual time, or else for real (the indicator's sequences
+    // play in real time).
+    void letTimePass(std::chrono::milliseconds time);
+
+    // The status header, with TerminalOptions::statusHeader; its changes show at the next
+    // settle(). Throws std::logic_error without it.
+    app::StatusHeader& header();
 
     // Returns once every update() and updateHeader() asked for before the call has been drawn
     // and presented: the header is redrawn here, and a main frame begun after this call is
@@ -119,6 +139,7 @@ private:
     std::function<void(bool)> onTap_;
     std::unique_ptr<ui::UserInterface> ui_;
     ui::IGraphics* graphics_ = nullptr;
+    std::shared_ptr<app::StatusHeader> header_;
 };
 
 } // namespace ui::kit

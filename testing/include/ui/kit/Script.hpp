@@ -1,8 +1,11 @@
 // Session scripts: what a person at the terminal does, one line at a time, in a plain text a
 // person writes and reads. Each line is a command and its arguments; '#' starts a comment.
 // scriptHelp() lists the commands; apply() is the one place where a command meets the
-// application, whichever front end plays it.
+// application, whichever front end plays it (the kit's headless Session, the simulator's
+// window).
 #pragma once
+
+#include <ui/ui.hpp>
 
 #include <chrono>
 #include <istream>
@@ -10,9 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace demo {
-
-class PaymentApp;
+namespace ui::kit {
 
 struct Command {
     enum Kind { Key, Keys, Wait, Tap, Battery, Ethernet, Signal, Flight, Offline, Update, Clock, Shot };
@@ -63,7 +64,34 @@ public:
     virtual void shot(const std::string& name) = 0;
 };
 
-// Plays one command: the application's part here, the front end's part through it.
-void apply(const Command& command, PaymentApp& app, FrontEnd& frontEnd);
+// What a script's lines reach in the application: the card reader and the status its header
+// shows. Each is called on the thread that plays the script; what the application does with it
+// is its own (the demo hands it to its application thread). A line the application has no use
+// for throws ScriptError (the defaults).
+class Application {
+public:
+    virtual ~Application() = default;
 
-} // namespace demo
+    virtual ui::IGraphics& graphics() = 0;
+    virtual void tapCard(bool approved);
+    virtual void setBattery(int level);
+    virtual void setEthernet(bool connected);
+    virtual void setSignal(unsigned percent);
+    virtual void setFlightMode(bool on);
+    virtual void setOfflineCount(int count);
+    virtual void setUpdateAvailable(bool available);
+    // The clock line has moved the pinned clock: redraw the header (default: updateHeader).
+    virtual void refreshHeader();
+    // Returns once the application has done all that the last line started (default: at once).
+    virtual void waitUntilIdle() {}
+    // The state last asked of the contactless indicator, and how many changes were asked so
+    // far: a session waits for the indicator to finish after a change, and for the idle flash
+    // while it is Idle. The defaults (Ready, none) make it wait for neither.
+    virtual ui::State indicated() const { return ui::State::Ready; }
+    virtual int indicatorChanges() const { return 0; }
+};
+
+// Plays one command: the application's part here, the front end's part through it.
+void apply(const Command& command, Application& app, FrontEnd& frontEnd);
+
+} // namespace ui::kit

@@ -15,11 +15,7 @@
 #include <thread>
 #include <vector>
 
-namespace demo {
-
-using ui::kit::Clock;
-using ui::kit::steadyMs;
-using namespace std::chrono_literals;
+namespace ui::kit {
 
 // One step: a script line or a moment of the application, and what the terminal showed and
 // sounded.
@@ -32,8 +28,6 @@ struct Step {
     std::vector<std::string> events; // "+0123 ms leds 1100", "+0123 ms tone 1500 Hz 500 ms"
 };
 
-using ui::kit::Recorder;
-
 // The timeline as written to timeline.txt; without times (for comparisons) when asked.
 std::vector<std::string> timelineLines(const std::vector<Step>& steps, bool withTimes);
 
@@ -43,4 +37,4 @@ std::vector<std::string> writeRecording(const std::string& folder, const std::ve
                                         const std::vector<osal::host::Beep>& beeps, int64_t startMs,
                                         int64_t endMs);
 
-} // namespace demo
+} // namespace ui::kit

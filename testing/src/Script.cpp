@@ -1,5 +1,4 @@
-#include "Script.hpp"
-#include "PaymentApp.hpp"
+#include "ui/kit/Script.hpp"
 
 #include <osal/host.hpp>
 #include <xui.h>
@@ -9,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-namespace demo {
+namespace ui::kit {
 
 const std::vector<KeyName>& keys() {
     static const std::vector<KeyName> table = {{"0", '0'},
@@ -216,7 +215,40 @@ std::vector<Command> parseScript(std::istream& in, const std::string& name) {
     return commands;
 }
 
-void apply(const Command& c, PaymentApp& app, FrontEnd& frontEnd) {
+namespace {
+
+[[noreturn]] void cannot(const std::string& what) {
+    throw ScriptError("the application has no " + what);
+}
+
+} // namespace
+
+void Application::tapCard(bool) {
+    cannot("card reader");
+}
+void Application::setBattery(int) {
+    cannot("battery");
+}
+void Application::setEthernet(bool) {
+    cannot("Ethernet");
+}
+void Application::setSignal(unsigned) {
+    cannot("signal");
+}
+void Application::setFlightMode(bool) {
+    cannot("flight mode");
+}
+void Application::setOfflineCount(int) {
+    cannot("offline store");
+}
+void Application::setUpdateAvailable(bool) {
+    cannot("update");
+}
+void Application::refreshHeader() {
+    graphics().updateHeader();
+}
+
+void apply(const Command& c, Application& app, FrontEnd& frontEnd) {
     switch (c.kind) {
     case Command::Key:
         frontEnd.press(keyCode(c.word));
@@ -267,4 +299,4 @@ std::vector<Command> loadScript(const std::string& path) {
     return parseScript(in, slash == std::string::npos ? path : path.substr(slash + 1));
 }
 
-} // namespace demo
+} // namespace ui::kit

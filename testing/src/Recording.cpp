@@ -1,5 +1,5 @@
-#include "Recording.hpp"
-#include "Tones.hpp"
+#include "ui/kit/Recording.hpp"
+#include "ui/kit/Tones.hpp"
 
 #include <gif_lib.h>
 #include <sndfile.h>
@@ -9,7 +9,7 @@
 #include <iomanip>
 #include <sstream>
 
-namespace demo {
+namespace ui::kit {
 
 namespace {
 
@@ -149,4 +149,4 @@ std::vector<std::string> writeRecording(const std::string& folder, const std::ve
     return files;
 }
 
-} // namespace demo
+} // namespace ui::kit

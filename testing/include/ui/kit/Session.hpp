@@ -1,0 +1,68 @@
+// Plays a session script against an application without a window, and records it (see
+// Recording): a step per script line and per moment the application names, each with its
+// picture, the LEDs and what the indicator did and sounded meanwhile.
+//
+//   ui::kit::Session session;              // before the application: it pins what it reads
+//   MyApp app;                             // an Application
+//   session.play(ui::kit::loadScript("sale.session"), app);
+//   session.write("out/sale");             // pictures, GIF, timeline, WAV, storyboard
+#pragma once
+
+#include "ui/kit/Recorder.hpp"
+#include "ui/kit/Recording.hpp"
+#include "ui/kit/Script.hpp"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ui::kit {
+
+struct SessionOptions {
+    double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
+    // After the indicator changes state, a step waits until nothing has been drawn or sounded
+    // for this long: longer than the silence inside an alert.
+    std::chrono::milliseconds quiet{600};
+};
+
+class Session {
+public:
+    // Pins, for as long as the session lives, the clock (2026-11-22 09:30 until a clock line
+    // moves it), the animations' time, and the strings' pseudo-localization, and starts
+    // watching the LEDs and the buzzer. Make it before the application, whose screens read
+    // them as they are built.
+    explicit Session(const SessionOptions& options = {});
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // Runs the script to its end, the same on every run: pictures the start, then each line
+    // once the application is idle again (a wait line only lets time pass). A key is pressed
+    // once the keypad has taken the one before. Throws ScriptError for a line the application
+    // cannot play, naming it. For an idle flash to be pictured the same on every run, give the
+    // indicator a short idle period and a long flash (the demo: 1 s and 10 minutes).
+    const std::vector<Step>& play(const std::vector<Command>& script, Application& app);
+    // A moment no line ends on ("processing"): pictured now. The application calls it on its
+    // own thread while play() waits for it to be idle.
+    void moment(const std::string& what);
+
+    const std::vector<Step>& steps() const { return steps_; }
+    // Writes every picture, session.gif, timeline.txt, tones.wav and storyboard.html under
+    // folder and returns their paths; throws std::runtime_error when one cannot be written.
+    std::vector<std::string> write(const std::string& folder) const;
+
+private:
+    void capture(const std::string& action, const std::string& name);
+
+    SessionOptions options_;
+    Recorder recorder_;
+    Application* app_ = nullptr;
+    std::vector<Step> steps_;
+    int64_t startMs_ = 0;
+    int64_t stepStartMs_ = 0;
+    int64_t endMs_ = 0;
+    int changesSeen_ = 0;
+};
+
+} // namespace ui::kit

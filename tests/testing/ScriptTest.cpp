@@ -1,0 +1,73 @@
+// Session scripts as a person writes them: every command read, every mistake named with its
+// line, and the one key table.
+#include <ui/kit/Script.hpp>
+
+#include <xui.h>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+std::vector<ui::kit::Command> parse(const std::string& text) {
+    std::istringstream in(text);
+    return ui::kit::parseScript(in, "test.session");
+}
+
+TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
+    const auto commands = parse("# a session\n\nkey ENTER   # the menu\nkeys 0930\nwait 800\ntap\n"
+                                "tap declined\nbattery 6\nethernet off\nsignal 100\nflight on\noffline 12\n"
+                                "update off\nclock 2026-11-22 18:45\nshot receipt_2\n");
+    ASSERT_EQ(commands.size(), 13u);
+    EXPECT_EQ(commands[0].kind, ui::kit::Command::Key);
+    EXPECT_EQ(commands[0].word, "ENTER");
+    EXPECT_EQ(commands[0].line, 3);
+    EXPECT_EQ(commands[0].text, "key ENTER");
+    EXPECT_EQ(commands[1].word, "0930");
+    EXPECT_EQ(commands[2].number, 800);
+    EXPECT_TRUE(commands[3].on);
+    EXPECT_FALSE(commands[4].on);
+    EXPECT_EQ(commands[5].number, 6);
+    EXPECT_FALSE(commands[6].on);
+    EXPECT_EQ(commands[11].number, 1795373100); // 2026-11-22 18:45 local
+    EXPECT_EQ(commands[12].word, "receipt_2");
+}
+
+TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
+    struct Case {
+        std::string line, message;
+    };
+    const Case cases[] = {
+        {"prss ENTER", "test.session:2: unknown command \"prss\"; expected one of key, keys, wait"},
+        {"key ENTRE", "test.session:2: unknown key \"ENTRE\"; expected one of 0-9, ENTER"},
+        {"key", "test.session:2: key takes 1 argument, not 0; expected key NAME"},
+        {"keys 12a", "test.session:2: \"12a\" holds something other than digits; expected keys DIGITS"},
+        {"wait soon", "test.session:2: \"soon\" is not a number from 0 to 60000; expected wait MILLISECONDS"},
+        {"battery 7", "test.session:2: \"7\" is not a number from 0 to 6; expected battery 0-6"},
+        {"flight maybe", "test.session:2: \"maybe\" is neither on nor off; expected flight on|off"},
+        {"tap twice", "test.session:2: a tap is approved or declined; expected tap"},
+        {"clock 2026-13-40 25:00", "test.session:2: \"2026-13-40 25:00\" is not a date and time"},
+        {"shot ../x", "test.session:2: \"../x\" is not a file name"},
+    };
+    for (const auto& c : cases) {
+        try {
+            parse("key ENTER\n" + c.line + "\nkey ENTER\n");
+            ADD_FAILURE() << "accepted: " << c.line;
+        } catch (const ui::kit::ScriptError& e) {
+            EXPECT_EQ(std::string(e.what()).rfind(c.message, 0), 0u) << e.what();
+        }
+    }
+}
+
+TEST(ScriptTest, OneKeyTable_TypedStarAndHashAreKeysOnAnyLayout) {
+    EXPECT_EQ(ui::kit::keyCode("STAR"), XUI_KEY_STAR);
+    EXPECT_EQ(ui::kit::keyCode("7"), '7');
+    EXPECT_EQ(ui::kit::keyCode("ENTRE"), XUI_KEY_NONE);
+    EXPECT_EQ(ui::kit::keyForTypedCharacter('*'), XUI_KEY_STAR);
+    EXPECT_EQ(ui::kit::keyForTypedCharacter('#'), XUI_KEY_HASH);
+    EXPECT_EQ(ui::kit::keyForTypedCharacter('0'), '0');
+    EXPECT_EQ(ui::kit::keyForTypedCharacter('t'), XUI_KEY_NONE); // a shortcut of the window's
+}
+
+} // namespace

@@ -10,6 +10,8 @@
 #include "ui/Widget.hpp"
 
 #include <app/Screen.hpp>
+#include <ui/kit/Pixels.hpp>
+#include <ui/kit/Platform.hpp>
 #include <ui/kit/Terminal.hpp>
 
 #include <gtest/gtest.h>
@@ -26,46 +28,25 @@
 
 namespace test {
 
-// Opens a 320 x 240 display with a status bar, the trace on, and records the log.
+// Opens a 320 x 240 display with a status bar, the trace on, and records the log: the kit's
+// fresh platform for every test.
 class PlatformTest : public ::testing::Test {
 protected:
     void SetUp() override {
         // Sanitizers start a helper thread with the first thread: let it exist before any count.
         std::thread([] {}).join();
-        xui_host::reset();
-        osal::host::reset();
-        osal::host::setLogSink([this](LogLevel, const std::string& line) {
-            std::lock_guard<std::mutex> lock(logMutex);
-            logLines.push_back(line);
-        });
-        // Services of an earlier test in this process are gone: forget them.
-        ui::ServiceLocator::addGraphicsService(nullptr);
-        ui::ServiceLocator::addInputService(nullptr);
-        ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
+        platform = std::make_unique<ui::kit::Platform>();
         xui_host::setKeyWaitLimit(std::chrono::milliseconds(10));
         if (openDisplay)
             open();
         xui_host::setTracing(true);
     }
+    void TearDown() override { platform.reset(); }
 
-    void TearDown() override {
-        ui::ServiceLocator::addGraphicsService(nullptr);
-        ui::ServiceLocator::addInputService(nullptr);
-        ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
-        xui_host::reset();
-        osal::host::reset();
+    static void open(int rotate = 0, int statusbar = 24) {
+        ui::kit::Platform::openDisplay(rotate, statusbar);
     }
-
-    void open(int rotate = 0, int statusbar = 24) {
-        std::string a = "ROTATE=" + std::to_string(rotate), b = "STATUSBAR=" + std::to_string(statusbar);
-        char* argv[] = {a.data(), b.data()};
-        XuiOpen(2, argv);
-    }
-
-    std::vector<std::string> log() {
-        std::lock_guard<std::mutex> lock(logMutex);
-        return logLines;
-    }
+    std::vector<std::string> log() { return platform->log(); }
 
     // The calls of one function, each as "Function(arg, ...)".
     static std::vector<std::string> calls(const std::string& function) {
@@ -76,8 +57,7 @@ protected:
     }
 
     bool openDisplay = true;
-    std::mutex logMutex;
-    std::vector<std::string> logLines;
+    std::unique_ptr<ui::kit::Platform> platform;
 };
 
 // For tests of pictures: the process-wide image cache starts and ends empty.
@@ -206,32 +186,8 @@ inline int settledThreadCount() {
     return count;
 }
 
-struct Box {
-    int x0 = 0, y0 = 0, x1 = -1, y1 = -1; // inclusive; x1 < x0 means empty
-    bool empty() const { return x1 < x0; }
-};
-
-// Bounding box of every pixel that differs from the background colour.
-inline Box inkBox(const xui_host::Pixels& p, uint32_t background) {
-    Box b{int(p.width), int(p.height), -1, -1};
-    for (unsigned y = 0; y < p.height; ++y)
-        for (unsigned x = 0; x < p.width; ++x)
-            if (p.at(x, y) != background) {
-                b.x0 = std::min(b.x0, int(x));
-                b.y0 = std::min(b.y0, int(y));
-                b.x1 = std::max(b.x1, int(x));
-                b.y1 = std::max(b.y1, int(y));
-            }
-    if (b.x1 < 0)
-        return Box{};
-    return b;
-}
-
-inline unsigned countColour(const xui_host::Pixels& p, uint32_t colour) {
-    unsigned n = 0;
-    for (uint32_t c : p.argb)
-        n += c == colour;
-    return n;
-}
+using ui::kit::Box;
+using ui::kit::countColour;
+using ui::kit::inkBox;
 
 } // namespace test

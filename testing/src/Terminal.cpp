@@ -7,20 +7,8 @@
 
 namespace ui::kit {
 
-namespace {
-
-void forgetServices() {
-    ui::ServiceLocator::addGraphicsService(nullptr);
-    ui::ServiceLocator::addInputService(nullptr);
-    ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
-}
-
-} // namespace
-
-Terminal::Terminal(const TerminalOptions& options) : options_(options) {
-    xui_host::reset();
-    osal::host::reset();
-    forgetServices(); // an earlier terminal's, gone with it
+Terminal::Terminal(const TerminalOptions& options)
+    : options_(options), platform_(std::make_unique<Platform>()) {
     xui_host::setPanelSize(options.panelWidth, options.panelHeight);
     osal::host::pinClock(options.clock);
     if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
@@ -43,9 +31,7 @@ Terminal::Terminal(const TerminalOptions& options) : options_(options) {
 Terminal::~Terminal() {
     ui_.reset();
     recorder_.reset();
-    forgetServices();
-    xui_host::reset();
-    osal::host::reset();
+    platform_.reset();
 }
 
 void Terminal::show(const std::shared_ptr<ui::IContainer>& view) {

@@ -58,10 +58,6 @@ TEST_F(Osal, Localization_UnknownIdThrows_TableLoadsFromFile) {
     EXPECT_EQ(Localization::getLocalizedString(1), "Sale");
 }
 
-TEST_F(Osal, Localization_DefaultTableComesFromResources) {
-    EXPECT_NO_THROW(Localization::getLocalizedString(1));
-}
-
 TEST_F(Osal, Keys_ConvertFromSystemCodes) {
     using namespace device::input;
     EXPECT_EQ(getKeyFromSystemKey('1'), KEY_1);

@@ -51,28 +51,6 @@ TEST_F(XuiRenderer, Text_LandsWhereDrawn_AndWidthMatchesItsInk) {
     EXPECT_LE(ink.y1, 10 + 20);
 }
 
-TEST_F(XuiRenderer, Text_WidthIsAdditive_AndScalesWithSize) {
-    const int ab = XuiTextWidth(font(), 20, "ab");
-    EXPECT_EQ(ab, XuiTextWidth(font(), 20, "a") + XuiTextWidth(font(), 20, "b"));
-    EXPECT_GT(XuiTextWidth(font(), 40, "ab"), ab);
-    EXPECT_EQ(XuiTextWidth(font(), 20, ""), 0);
-    EXPECT_EQ(XuiTextWidth(nullptr, 20, "ab"), 0);
-}
-
-TEST_F(XuiRenderer, Text_InvalidUtf8_DrawsReplacementsWithoutHarm) {
-    XuiWindow* c = whiteCanvas(0, 0, 300, 40);
-    const char* broken[] = {"\xff", "ab\xc3", "\xe2\x82", "\xed\xa0\x80", "\xc0\xaf", "\xf8\x88\x80\x80\x80"};
-    const int replacement = XuiTextWidth(font(), 20, "\xef\xbf\xbd");
-    for (const char* text : broken) {
-        EXPECT_EQ(XuiCanvasDrawText(c, 0, 0, 20, font(), XUI_TEXT_NORMAL, kBlack, text), 0) << text;
-        EXPECT_GT(XuiTextWidth(font(), 20, text), 0);
-    }
-    // A lone bad byte measures as one replacement character; a cut sequence keeps what came before.
-    EXPECT_EQ(XuiTextWidth(font(), 20, "\xff"), replacement);
-    EXPECT_EQ(XuiTextWidth(font(), 20, "ab\xc3"), XuiTextWidth(font(), 20, "ab") + replacement);
-    EXPECT_EQ(XuiTextWidth(font(), 20, "\xc3\xa9"), XuiTextWidth(font(), 20, "\xc3\xa9")); // é stays é
-}
-
 TEST_F(XuiRenderer, Text_OutsideTheCanvas_IsClipped) {
     XuiWindow* c = whiteCanvas(0, 0, 40, 20);
     EXPECT_EQ(XuiCanvasDrawText(c, 30, 10, 20, font(), XUI_TEXT_NORMAL, kBlack, "Wide text"), 0);
@@ -94,23 +72,6 @@ TEST_F(XuiRenderer, Rect_FillsExactlyItsBox_OutlineOnlyItsEdge) {
             const uint32_t expected = inFill ? kRed : onEdge ? kBlue : kWhite;
             ASSERT_EQ(p.at(x, y), expected) << x << "," << y;
         }
-}
-
-TEST_F(XuiRenderer, Rect_RoundedCornersLeaveTheCornerPixel) {
-    XuiWindow* c = whiteCanvas(0, 0, 20, 20);
-    XuiCanvasDrawRect(c, 0, 0, 10, 10, kRed, 2, 1);
-    auto p = xui_host::canvas(c);
-    EXPECT_EQ(p.at(0, 0), kWhite);
-    EXPECT_EQ(p.at(5, 5), kRed);
-    EXPECT_EQ(p.at(0, 5), kRed);
-}
-
-TEST_F(XuiRenderer, Rect_TranslucentColourBlends) {
-    XuiWindow* c = whiteCanvas(0, 0, 4, 4);
-    XuiCanvasDrawRect(c, 0, 0, 4, 4, 0x80000000u, 0, 1);
-    const uint32_t p = xui_host::canvas(c).at(1, 1);
-    EXPECT_EQ(p >> 24, 0xFFu);
-    EXPECT_NEAR(int(p & 0xFF), 127, 1);
 }
 
 TEST_F(XuiRenderer, ClearArea_RestoresTheBackground) {
@@ -223,19 +184,6 @@ TEST_F(XuiRenderer, Png_MissingTruncatedOrGarbage_LoadsAsNull) {
     std::remove(path.c_str());
 }
 
-TEST_F(XuiRenderer, DrawImg_HonoursAlpha) {
-    XuiWindow* src = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 2, 1);
-    XuiCanvasSetBackground(src, XUI_BG_NORMAL, nullptr, 0x00000000u);
-    XuiCanvasDrawRect(src, 0, 0, 1, 1, kRed, 0, 1);
-    XuiImg* img = XuiCaptureCanvas(src, 0, 0, 2, 1); // red, then fully transparent
-    XuiWindow* c = whiteCanvas(0, 0, 4, 4);
-    XuiCanvasDrawImg(c, 1, 1, 2, 1, XUI_BG_NORMAL, img);
-    auto p = xui_host::canvas(c);
-    EXPECT_EQ(p.at(1, 1), kRed);
-    EXPECT_EQ(p.at(2, 1), kWhite);
-    XuiImgFree(img);
-}
-
 TEST_F(XuiRenderer, Keys_ComeInOrder_AndGetKeyReturnsAtOnceWhenClosed) {
     xui_host::pushKey('1');
     xui_host::pushKey(XUI_KEY_ENTER);
@@ -252,31 +200,6 @@ TEST_F(XuiRenderer, Keys_ComeInOrder_AndGetKeyReturnsAtOnceWhenClosed) {
     EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
     closer.join();
     EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
-}
-
-TEST_F(XuiRenderer, Keys_PushedFromAnotherThreadWakeTheReader) {
-    xui_host::setKeyWaitLimit(std::chrono::milliseconds(0));
-    std::thread pusher([] { xui_host::pushKey('7'); });
-    EXPECT_EQ(XuiGetKey(), '7');
-    pusher.join();
-}
-
-TEST_F(XuiRenderer, Trace_RecordsCallsWithNamedHandles) {
-    XuiFont* f = font();
-    xui_host::clearTrace();
-    XuiWindow* c = XuiCreateCanvas(XuiRootCanvas(), 1, 2, 3, 4);
-    XuiCanvasDrawRect(c, 0, 0, 3, 4, 0xFF102030u, 1, 1);
-    XuiCanvasDrawText(c, 0, 0, 20, f, XUI_TEXT_NORMAL, kBlack, "say \"hi\"");
-    auto t = xui_host::trace();
-    ASSERT_EQ(t.size(), 3u);
-    const std::string name = xui_host::nameOf(c);
-    EXPECT_EQ(t[0].str(), "CreateCanvas(root, 1, 2, 3, 4)");
-    EXPECT_EQ(t[1].str(), "CanvasDrawRect(" + name + ", 0, 0, 3, 4, 0xff102030, 1, 1)");
-    EXPECT_EQ(t[2].function, "CanvasDrawText");
-    EXPECT_EQ(t[2].args.back(), "\"say \\\"hi\\\"\"");
-    xui_host::setTracing(false);
-    XuiClearArea(c, 0, 0, 1, 1);
-    EXPECT_EQ(xui_host::trace().size(), 3u);
 }
 
 } // namespace

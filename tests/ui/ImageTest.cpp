@@ -93,14 +93,6 @@ TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
     expectEachHandleFreedOnce();
 }
 
-TEST_F(ImageTest, Stream_WritesTheHandleStateAndTheWidget) {
-    ui::Image image(picture, 1, 2, 0, 0);
-    std::ostringstream out;
-    out << image;
-    EXPECT_EQ(out.str(), "\nIMAGE DATA NOT NULL: true\n\nWidtet X:         1\nWidtet Y:         2\n"
-                         "Widtet W:         32\nWidtet H:         16\nWidtet VISIBLE:   true\n\n\n");
-}
-
 TEST_F(ImageTest, Cache_SharesOneImagePerPath_UntilCleared) {
     auto a = ImageResourceCache::getImage(picture);
     auto b = ImageResourceCache::getImage(picture);

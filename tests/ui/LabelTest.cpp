@@ -27,25 +27,30 @@ protected:
     XuiWindow* canvas_ = nullptr;
 };
 
-TEST_F(LabelTest, WrapText_EmptyOrBlankTextHasNoLines) {
-    EXPECT_TRUE(WrapText("", 100).empty());
-    EXPECT_TRUE(WrapText("    ", 100).empty());
+// Greedy wrapping: a line may end exactly at the width, a word that overflows moves whole, a
+// newline is part of its word. The empty remainder of a cut word measures 0, "exactly full" at
+// width 0: it is kept as an empty line, as the terminal has always done.
+TEST_F(LabelTest, WrapText_BreaksBetweenWords) {
+    const unsigned exact = width("Card payment"), tap = width("Insert or tap");
+    const struct {
+        std::string text;
+        unsigned width;
+        Lines lines;
+    } cases[] = {
+        {"", 100, {}},
+        {"    ", 100, {}},
+        {"Card payment", exact, {"Card payment"}},
+        {"Card payment", exact - 1, {"Card", "payment"}},
+        {"Insert or tap your card", tap + 5, {"Insert or tap", "your card"}},
+        {"one\ntwo", 1000, {"one\ntwo"}},
+        {"ab c", 0, {"a", "b", "", "c", ""}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(WrapText(c.text, c.width), c.lines) << "\"" << c.text << "\" at " << c.width;
     ui::Label label(0, 0, 100, 60);
     label.setText("   ");
     EXPECT_EQ(label.getHeight(), 0u);
     EXPECT_TRUE(drawn(label).empty());
-}
-
-TEST_F(LabelTest, WrapText_ALineMayEndExactlyAtTheWidth) {
-    const unsigned exact = width("Card payment");
-    EXPECT_EQ(WrapText("Card payment", exact), (Lines{"Card payment"}));
-    EXPECT_EQ(WrapText("Card payment", exact - 1), (Lines{"Card", "payment"}));
-    EXPECT_EQ(WrapText("Card payment", exact + 1), (Lines{"Card payment"}));
-}
-
-TEST_F(LabelTest, WrapText_OverflowingWordMovesWhole) {
-    const unsigned w = width("Insert or tap");
-    EXPECT_EQ(WrapText("Insert or tap your card", w + 5), (Lines{"Insert or tap", "your card"}));
 }
 
 TEST_F(LabelTest, WrapText_WordWiderThanTheLineIsCutLongestPrefixFirst) {
@@ -62,16 +67,6 @@ TEST_F(LabelTest, WrapText_WordWiderThanTheLineIsCutLongestPrefixFirst) {
         }
     }
     EXPECT_EQ(joined, word);
-}
-
-TEST_F(LabelTest, WrapText_ZeroWidthTakesOneCharacterPerLine) {
-    // The empty remainder of a cut word measures 0, which is "exactly full" at width 0: it is
-    // kept as an empty line, as the terminal has always done.
-    EXPECT_EQ(WrapText("ab c", 0), (Lines{"a", "b", "", "c", ""}));
-}
-
-TEST_F(LabelTest, WrapText_KeepsNewlinesInsideWords) {
-    EXPECT_EQ(WrapText("one\ntwo", 1000), (Lines{"one\ntwo"}));
 }
 
 TEST_F(LabelTest, SetText_HeightIsLinesTimesTwenty_WhateverTheFontSize) {

@@ -57,25 +57,6 @@ TEST_F(ProgressBarTest, NarrowBars_HaveNoMargins_AndAnEmptyBarIsFull) {
     EXPECT_TRUE(rects(zero).empty());
 }
 
-TEST_F(ProgressBarTest, DefaultColoursComeFromTheBranding) {
-    ui::ProgressBar bar(200, 20);
-    const auto colour = [](resource::BrandingColorId id) {
-        return ui::fonts::intToXuiColor(resource::ResourceMapping::getResourceColor(id));
-    };
-    bar.draw(ui::Xui::RootCanvas());
-    auto drawn = xui_host::trace("CanvasDrawRect");
-    ASSERT_EQ(drawn.size(), 3u);
-    char expected[16];
-    std::snprintf(expected, sizeof expected, "0x%08x", colour(resource::BRAND_PROGRESS_FRAME));
-    EXPECT_EQ(drawn[0].args[5], expected);
-    std::snprintf(expected, sizeof expected, "0x%08x", colour(resource::BRAND_PROGRESS_FILL));
-    EXPECT_EQ(drawn[2].args[5], expected);
-    bar.setProgress(100);
-    bar.draw(ui::Xui::RootCanvas());
-    std::snprintf(expected, sizeof expected, "0x%08x", colour(resource::BRAND_PROGRESS_FULL));
-    EXPECT_EQ(xui_host::trace("CanvasDrawRect").back().args[5], expected);
-}
-
 TEST_F(ProgressBarTest, AtZeroFiftyAndHundred_MatchesTheReviewedPicture) {
     XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 240, 100);
     XuiCanvasSetBackground(canvas, XUI_BG_NORMAL, nullptr,

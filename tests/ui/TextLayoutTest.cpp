@@ -110,9 +110,4 @@ TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsP
     EXPECT_EQ(ui::automaticFormatting(text, 0).size(), 6u);
 }
 
-TEST(TextLayoutTest, GetYFromLastTextElement_IsZeroWithoutALastElement) {
-    EXPECT_EQ(ui::GetYFromLastTextElement({}), 0u);
-    EXPECT_EQ(ui::GetYFromLastTextElement({std::make_shared<ui::Label>(0, 40, 10, 20), nullptr}), 0u);
-}
-
 } // namespace

@@ -17,10 +17,6 @@ protected:
     UserInterfaceTest() { openDisplay = false; }
 };
 
-TEST_F(UserInterfaceTest, Version) {
-    EXPECT_EQ(getUserInterfaceVersion(), "1.2.1.0");
-}
-
 TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
     const int threads = test::settledThreadCount();
     {
@@ -86,15 +82,6 @@ TEST_F(UserInterfaceTest, InitializeOnAClosedDisplayThrows) {
     EXPECT_THROW(ui.initialize(), XuiException);
     auto size = ui.screenSize();
     EXPECT_EQ(size.width, 0u);
-}
-
-TEST_F(UserInterfaceTest, ContactlessChangesBeforeAnIndicatorDoNothing) {
-    ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
-    ui::ContactlessStatusIndicator indicator(0, 0, 10, 10);
-    ui::ServiceLocator::addContactlessStatusIndicator(&indicator);
-    ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
-    EXPECT_EQ(indicator.getState(), ui::State::Ready);
-    ui::ServiceLocator::addContactlessStatusIndicator(nullptr);
 }
 
 TEST_F(UserInterfaceTest, ADisplayThatDoesNotOpen_RefusesTheKeypad_AndTearsDownCleanly) {

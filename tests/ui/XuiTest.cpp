@@ -11,13 +11,6 @@ namespace {
 
 using XuiWrapper = test::PlatformTest;
 
-TEST_F(XuiWrapper, RgbaToImg_IsAlwaysNullAndCallsNothing) {
-    xui_host::clearTrace();
-    char buffer[16] = {};
-    EXPECT_EQ(ui::Xui::RgbaToImg(buffer, 2, 2, 0), nullptr);
-    EXPECT_TRUE(xui_host::trace().empty());
-}
-
 TEST_F(XuiWrapper, Fonts_GetFontCreatesOnce_LoadFontEveryTime) {
     xui_host::clearTrace();
     _XuiFont* first = ui::fonts::getFont();

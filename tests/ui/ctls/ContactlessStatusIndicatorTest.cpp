@@ -5,6 +5,8 @@
 #include "ui/UserInterface.hpp"
 #include "ui/Window.hpp"
 
+#include <ui/kit/Recorder.hpp>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -13,87 +15,60 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 using ui::State;
 
-// One header redraw as the cardholder sees it: the four LEDs, '1' lit, '0' dark.
-struct LedFrame {
-    Clock::time_point at;
-    std::string leds;
-};
-
-int64_t msOf(Clock::time_point t) {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(t.time_since_epoch()).count();
-}
-
 // The indicator on the full stack: a 24-pixel status bar, the LEDs in its first 100 pixels.
-// LED states are read from the pictures the header really draws (the trace), with the time of
-// each redraw; the waits are real, so every bound allows for a loaded machine.
+// The kit's recorder reads the LEDs from the pictures the header really draws, with the time of
+// each change; the waits are real, so every bound allows for a loaded machine.
 class ContactlessTest : public test::PlatformTest {
 protected:
     ContactlessTest() { openDisplay = false; }
     void SetUp() override {
         PlatformTest::SetUp();
+        recorder = std::make_unique<ui::kit::Recorder>();
         ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
         ui_->initialize();
         graphics = ui::ServiceLocator::getGraphicsService();
     }
     void TearDown() override {
         ui_.reset();
+        recorder.reset();
         PlatformTest::TearDown();
     }
 
+    // A new indicator (the one before goes) starts Off: dark.
     void enable(const CtlsStatusIndicatorConfiguration& configuration = {}) {
         ui_->enableContactless({0, 0, 100, 24}, configuration);
+        EXPECT_TRUE(showsSoon("0000"));
     }
     static void set(State state) { ui::ServiceLocator::updateContactlessIndicator(state); }
+    bool showsSoon(const std::string& leds) { return recorder->waitForLeds(leds, 5s); }
 
-    // Every whole header redraw traced so far: the four LEDs, front to back, at x 6, 31, 56 and
-    // 81. A redraw cut by a clearTrace is left out.
-    static std::vector<LedFrame> frames() {
-        std::vector<LedFrame> out;
+    struct Change {
+        int64_t atMs;
         std::string leds;
-        for (const auto& call : xui_host::trace("CanvasDrawImg")) {
-            const std::string x = call.args[1];
-            if (x == "6")
-                leds.clear();
-            else if (leds.empty())
-                continue;
-            leds += xui_host::imageFile(call.args.back()) == "res/images/ctls/leds/green.png" ? '1' : '0';
-            if (x == "81") {
-                out.push_back({call.at, leds});
-                leds.clear();
-            }
-        }
+    };
+    // The LED patterns drawn since the last call, each as it first appeared.
+    std::vector<Change> changes() {
+        std::vector<Change> out;
+        for (auto& [at, what] : recorder->take())
+            if (what.rfind("leds ", 0) == 0)
+                out.push_back({at, what.substr(5)});
         return out;
     }
-    static std::string shown() {
-        const auto all = frames();
-        return all.empty() ? "" : all.back().leds;
-    }
-    static bool showsSoon(const std::string& leds) {
-        return test::eventually([&] { return shown() == leds; });
-    }
-    // The distinct patterns in order, with the time each first appeared.
-    static std::vector<LedFrame> changes() {
-        std::vector<LedFrame> out;
-        for (const auto& f : frames())
-            if (out.empty() || out.back().leds != f.leds)
-                out.push_back(f);
-        return out;
-    }
-    static std::vector<std::string> patterns(const std::vector<LedFrame>& frames) {
+    static std::vector<std::string> patterns(const std::vector<Change>& changes) {
         std::vector<std::string> out;
-        for (const auto& f : frames)
-            out.push_back(f.leds);
+        for (const auto& c : changes)
+            out.push_back(c.leds);
         return out;
     }
-    // Plays Ready, then starts afresh: no beep, no trace.
+    // Plays Ready, then starts afresh: no beep, no change recorded.
     void ready() {
-        xui_host::clearTrace(); // an earlier indicator may have shown Ready too
         set(State::Ready);
         ASSERT_TRUE(showsSoon("1000"));
+        changes();
         osal::host::clearBeeps();
-        xui_host::clearTrace();
     }
 
+    std::unique_ptr<ui::kit::Recorder> recorder;
     std::unique_ptr<ui::UserInterface> ui_;
     ui::IGraphics* graphics = nullptr;
 };
@@ -130,19 +105,19 @@ TEST_F(ContactlessTest, SuccessScheme1_LightsInTurnWithTheTone_AndBlocksUntilDar
 
     const auto steps = changes();
     ASSERT_EQ(patterns(steps), (Patterns{"1100", "1110", "1111", "0000"})); // LED 0 is left as Ready lit it
-    const auto gap = [&](int i) { return steps[i + 1].at - steps[i].at; };
-    EXPECT_GE(gap(0), 99ms);
-    EXPECT_LT(gap(0), 400ms);
-    EXPECT_GE(gap(1), 99ms);
-    EXPECT_LT(gap(1), 400ms);
-    EXPECT_GE(gap(2), 649ms);
-    EXPECT_LT(gap(2), 1000ms);
+    const auto gap = [&](int i) { return steps[i + 1].atMs - steps[i].atMs; };
+    EXPECT_GE(gap(0), 99);
+    EXPECT_LT(gap(0), 400);
+    EXPECT_GE(gap(1), 99);
+    EXPECT_LT(gap(1), 400);
+    EXPECT_GE(gap(2), 649);
+    EXPECT_LT(gap(2), 1000);
     const auto beeps = osal::host::beeps();
     ASSERT_EQ(beeps.size(), 1u);
     EXPECT_EQ(beeps[0].frequencyHz, 1500u);
     EXPECT_EQ(beeps[0].durationMs, 500u);
-    EXPECT_LE(beeps[0].atMs, msOf(steps[0].at)); // sounded with the first LED, before its redraw
-    EXPECT_LT(msOf(steps[0].at) - beeps[0].atMs, 200);
+    EXPECT_LE(beeps[0].atMs, steps[0].atMs); // sounded with the first LED, before its redraw
+    EXPECT_LT(steps[0].atMs - beeps[0].atMs, 200);
 
     // Already in Success: nothing plays and nothing blocks.
     const auto again = Clock::now();
@@ -161,8 +136,8 @@ TEST_F(ContactlessTest, SuccessScheme2_LightsTwoLeds_AndOtherSchemesPlayNothing)
     EXPECT_GE(Clock::now() - start, 774ms);
     const auto steps = changes();
     ASSERT_EQ(patterns(steps), (Patterns{"1100", "1110", "0000"}));
-    EXPECT_GE(steps[1].at - steps[0].at, 124ms);
-    EXPECT_GE(steps[2].at - steps[1].at, 649ms);
+    EXPECT_GE(steps[1].atMs - steps[0].atMs, 124);
+    EXPECT_GE(steps[2].atMs - steps[1].atMs, 649);
     EXPECT_EQ(osal::host::beeps().size(), 1u);
 
     CtlsStatusIndicatorConfiguration scheme3;
@@ -183,13 +158,17 @@ TEST_F(ContactlessTest, Idle_FlashesTheFirstLed_AndAChangeEndsTheWaitAtOnce) {
     enable(quick);
     ready();
     set(State::Idle);
-    ASSERT_TRUE(test::eventually([] { return changes().size() >= 4; })); // dark, lit, dark, lit
-    const auto steps = changes();
+    std::vector<Change> steps;
+    ASSERT_TRUE(test::eventually([&] { // dark, lit, dark
+        for (auto& c : changes())
+            steps.push_back(c);
+        return steps.size() >= 3;
+    }));
     EXPECT_EQ(patterns(steps)[0], "0000");
     EXPECT_EQ(patterns(steps)[1], "1000");
-    EXPECT_GE(steps[1].at - steps[0].at, 299ms);
-    EXPECT_GE(steps[2].at - steps[1].at, 149ms);
-    EXPECT_LT(steps[2].at - steps[1].at, 600ms);
+    EXPECT_GE(steps[1].atMs - steps[0].atMs, 299);
+    EXPECT_GE(steps[2].atMs - steps[1].atMs, 149);
+    EXPECT_LT(steps[2].atMs - steps[1].atMs, 600);
 
     enable(); // the default five seconds of dark
     set(State::Idle);
@@ -216,7 +195,7 @@ TEST_F(ContactlessTest, Processing_LightsTheSecondLedOnlyInScheme2WhenEnabled) {
         set(State::Processing);
         if (c.leds == "1000") {
             std::this_thread::sleep_for(50ms); // give a wrong redraw the time to happen
-            EXPECT_TRUE(frames().empty()) << "scheme " << c.scheme;
+            EXPECT_TRUE(changes().empty()) << "scheme " << c.scheme;
         } else {
             EXPECT_TRUE(showsSoon(c.leds));
         }
@@ -247,8 +226,8 @@ TEST_F(ContactlessTest, Errors_ShowTheErrorPatternWithTheAlertTone) {
         ASSERT_EQ(beeps.size(), 2u);
         EXPECT_EQ(beeps[0].frequencyHz, 750u);
         EXPECT_EQ(beeps[0].durationMs, 200u);
-        EXPECT_GE(beeps[1].atMs - beeps[0].atMs, 400);      // the beep and its pause
-        EXPECT_LE(beeps[1].atMs, msOf(frames().back().at)); // the header follows the tone
+        EXPECT_GE(beeps[1].atMs - beeps[0].atMs, 400);   // the beep and its pause
+        EXPECT_LE(beeps[1].atMs, changes().back().atMs); // the LEDs change after the tone
     }
 }
 

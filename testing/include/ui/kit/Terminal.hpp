@@ -11,6 +11,7 @@
 
 #include <ui/ui.hpp>
 
+#include "ui/kit/Platform.hpp"
 #include "ui/kit/Recorder.hpp"
 
 #include <app/Screen.hpp>
@@ -81,6 +82,9 @@ public:
     explicit Terminal(const TerminalOptions& options = {});
     // Stops the library, then restores the stand-ins' defaults and forgets the services.
     ~Terminal();
+
+    // What the library logged since the terminal came up.
+    std::vector<std::string> log() const { return platform_->log(); }
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
@@ -133,6 +137,7 @@ public:
 
 private:
     TerminalOptions options_;
+    std::unique_ptr<Platform> platform_;
     std::unique_ptr<Recorder> recorder_;
     std::vector<Event> events_;
     int64_t startMs_ = 0;

@@ -149,25 +149,6 @@ TEST_F(GraphicsDeviceTest, Update_RequestsDuringADrawCollapseIntoOneMore) {
     device.reset(); // its last draw must not outlive the hooks' captures
 }
 
-TEST_F(GraphicsDeviceTest, Update_AThrowingViewIsLogged_AndTheNextUpdateDrawsAgain) {
-    withWindow();
-    auto view = std::make_shared<test::View>();
-    std::atomic<int> attempts{0};
-    view->onDraw = [&](_XuiWindow*) {
-        if (attempts++ == 0)
-            throw std::runtime_error("view broke");
-    };
-    device->setContext(view);
-    device->update();
-    ASSERT_TRUE(test::eventually([] { return !osal::host::exceptionReports().empty(); }));
-    auto report = osal::host::exceptionReports()[0];
-    EXPECT_EQ(report.source, "GraphicsDevice");
-    EXPECT_EQ(report.what, "view broke");
-    updateAndWait();
-    EXPECT_EQ(view->draws.load(), 1);
-    device.reset();
-}
-
 TEST_F(GraphicsDeviceTest, UpdateHeader_DrawsHeaderThenIndicator_AndExchangesHeaderCanvases) {
     auto window = withWindow();
     struct Indicator : ui::ContactlessStatusIndicator {
@@ -219,13 +200,21 @@ TEST_F(GraphicsDeviceTest, Render_DrawsOneWidgetAndPresents) {
     EXPECT_NE(device->getRootCanvas(), back);
 }
 
-TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours) {
-    withWindow();
+TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours_AndRedrawsBoth) {
+    auto window = withWindow();
+    auto view = std::make_shared<test::View>(), header = std::make_shared<test::View>();
+    device->setContext(view);
+    window->setHeader(header);
+    device->waitForDraw();
+    const int viewDraws = view->draws, headerDraws = header->draws;
     osal::host::setColor(resource::BRAND_MAIN_BACKGROUND, 0x123456FFu);
     device->reInitializeFrameBuffers();
     auto backgrounds = calls("CanvasSetBackground");
     ASSERT_EQ(backgrounds.size(), 4u);
     EXPECT_NE(backgrounds[0].find("0xff123456"), std::string::npos);
+    EXPECT_EQ(header->draws, headerDraws + 1); // the header is redrawn at once
+    ASSERT_TRUE(test::eventually([&] { return view->draws > viewDraws; }));
+    device->waitForDraw();
     EXPECT_EQ(xui_host::screen().at(100, 100), 0xFF123456u);
 }
 

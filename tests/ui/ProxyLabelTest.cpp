@@ -99,13 +99,14 @@ protected:
 TEST_F(TitleTest, TheBandRunsToTheScreensFullWidthFromItsX_ThenCaptionThenWidget) {
     auto inner = std::make_unique<ui::Label>(0, 40, 300, 20);
     inner->setText("body");
-    ui::Title title(10, 0, 100, 20, 1, std::move(inner));
+    ui::Title title(10, 6, 100, 20, 1, std::move(inner));
     title.setVisible(false); // not consulted
     const auto calls = test::drawCalls(title);
     ASSERT_EQ(calls.size(), 3u);
-    EXPECT_EQ(calls[0].str(), "CanvasDrawRect(root, 10, 0, 320, 20, 0xff4fc3f7, 0, 1)");
+    EXPECT_EQ(calls[0].str(), "CanvasDrawRect(root, 10, 6, 320, 20, 0xff4fc3f7, 0, 1)");
     EXPECT_EQ(test::texts({calls[1], calls[2]}), (Texts{"Welcome", "body"}));
     EXPECT_EQ(calls[1].args[1], std::to_string(10 + 50 - ui::fonts::GetTextWidth("Welcome") / 2));
+    EXPECT_EQ(calls[1].args[2], "6");
     EXPECT_EQ(calls[1].args[6], "0xff0f1c2e"); // branding colour 2 on the band
 
     ui::Title full(1, nullptr);

@@ -36,6 +36,11 @@ TEST(NumericPolicyTest, RefusesALeadingZero_AndStopsAtMax) {
     EXPECT_FALSE(policy.validate("0"));
     policy.setMax(999);
     EXPECT_EQ(type(policy, "1234").back(), "123");
+    std::string text = "12";
+    for (Key key : {device::input::KEY_ENTER, device::input::KEY_CLEAR, device::input::KEY_STAR,
+                    device::input::KEY_NONE})
+        policy.processKey(text, key);
+    EXPECT_EQ(text, "12"); // other keys change nothing
 }
 
 // The value typed saturates at the 32-bit int limit whatever the width of long: 32 bits on the
@@ -104,53 +109,43 @@ TEST(NumericPolicyTest, TimeAndAddressAllowLeadingZeros_AndStopAtTheirLength) {
     EXPECT_TRUE(any.validate(""));
 }
 
-TEST(NumericPolicyTest, NonDigitKeysChangeNothing) {
-    numeric_policy policy;
-    std::string text = "12";
-    for (Key key : {device::input::KEY_ENTER, device::input::KEY_CLEAR, device::input::KEY_STAR,
-                    device::input::KEY_NONE}) {
-        policy.processKey(text, key);
-        EXPECT_EQ(text, "12");
+// Multi-tap policies on the virtual clock: the keys of one string are instantaneous, and a
+// pause of the 750 ms interval comes before each.
+TEST(AlphaNumericPolicyTest, TypesFromTheAllowedClassesUpToMax) {
+    osal::host::useVirtualTime(true);
+    struct Case {
+        bool numbers, symbols, characters;
+        unsigned max;
+        std::string text, keys;
+        Steps after;
+    } cases[] = {
+        {false, false, true, 0, "", "222", {"A", "B", "C"}},
+        {false, false, true, 0, "C", "33", {"CD", "CE"}},
+        {true, false, false, 0, "", "22", {"2", "22"}}, // only digits: a quick repeat appends
+        {false, false, true, 3, "abc", "2", {"abc"}},   // at exactly max every key is refused,
+        {false, false, true, 3, "ab", "22", {"abA", "abA"}}, // even a replacing repeat;
+        {false, false, true, 3, "abcd", "4", {"abcdG"}},     // longer (set directly) is not equal
+        {false, false, false, 0, "", "23", {std::string(1, '\0'), std::string(2, '\0')}}, // no class
+        {false, true, false, 0, "", "2", {std::string(1, '\0')}}, // key 2 carries no symbol
+    };
+    for (auto& c : cases) {
+        alpha_numeric_policy policy;
+        policy.allowNumbers(c.numbers);
+        policy.allowSymbols(c.symbols);
+        policy.allowCharacters(c.characters);
+        if (c.max)
+            policy.setMax(c.max);
+        osal::host::advanceTime(750ms);
+        EXPECT_EQ(type(policy, c.keys, c.text), c.after) << "\"" << c.keys << "\" after \"" << c.text << "\"";
     }
+    default_alpha_numeric_policy<true, true, true> every;
+    osal::host::advanceTime(750ms);
+    EXPECT_EQ(type(every, "1111"), (Steps{"1", "!", "\"", "$"})); // the pound sign is filtered out
+    EXPECT_TRUE(every.validate(""));
+    osal::host::reset();
 }
 
-// Multi-tap policies on the virtual clock: consecutive keys here are instantaneous.
-class AlphaNumericPolicyTest : public ::testing::Test {
-protected:
-    void SetUp() override { osal::host::useVirtualTime(true); }
-    void TearDown() override { osal::host::reset(); }
-    void pause() { osal::host::advanceTime(750ms); }
-};
-
-TEST_F(AlphaNumericPolicyTest, CyclesThroughTheAllowedClasses) {
-    alpha_numeric_policy policy;
-    policy.allowCharacters(true);
-    pause();
-    EXPECT_EQ(type(policy, "222"), (Steps{"A", "B", "C"}));
-    pause();
-    EXPECT_EQ(type(policy, "33", "C"), (Steps{"CD", "CE"}));
-}
-
-TEST_F(AlphaNumericPolicyTest, OnlyNumbers_AQuickRepeatAppends) {
-    alpha_numeric_policy policy;
-    policy.allowNumbers(true);
-    pause();
-    EXPECT_EQ(type(policy, "22"), (Steps{"2", "22"}));
-}
-
-TEST_F(AlphaNumericPolicyTest, AtExactlyMaxEveryKeyIsRefused_EvenAReplacingRepeat) {
-    alpha_numeric_policy policy;
-    policy.allowCharacters(true);
-    policy.setMax(3);
-    pause();
-    EXPECT_EQ(type(policy, "2", "abc").back(), "abc");
-    pause();
-    EXPECT_EQ(type(policy, "22", "ab"), (Steps{"abA", "abA"}));
-    // Longer than max (set directly) is not "equal": keys still act.
-    EXPECT_EQ(type(policy, "4", "abcd").back(), "abcdG");
-}
-
-TEST_F(AlphaNumericPolicyTest, ValidateChecksTheLengthInBytes) {
+TEST(AlphaNumericPolicyTest, ValidateChecksTheLengthInBytes) {
     alpha_numeric_policy policy;
     policy.setMin(2);
     policy.setMax(3);
@@ -158,22 +153,6 @@ TEST_F(AlphaNumericPolicyTest, ValidateChecksTheLengthInBytes) {
     EXPECT_TRUE(policy.validate("\xC2\xA3"));
     EXPECT_TRUE(policy.validate("abc"));
     EXPECT_FALSE(policy.validate("abcd"));
-}
-
-TEST_F(AlphaNumericPolicyTest, NoClassAllowed_EachKeyTypesANulByte) {
-    alpha_numeric_policy policy;
-    pause();
-    EXPECT_EQ(type(policy, "23").back(), std::string(2, '\0'));
-    policy.allowSymbols(true); // key 2 carries no symbol either
-    pause();
-    EXPECT_EQ(type(policy, "2").back(), std::string(1, '\0'));
-}
-
-TEST_F(AlphaNumericPolicyTest, TheDefaultPolicyOffersEveryClassWithoutLimit) {
-    default_alpha_numeric_policy<true, true, true> policy;
-    pause();
-    EXPECT_EQ(type(policy, "1111"), (Steps{"1", "!", "\"", "$"})); // £ is filtered out
-    EXPECT_TRUE(policy.validate(""));
 }
 
 } // namespace

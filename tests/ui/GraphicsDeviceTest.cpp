@@ -225,11 +225,13 @@ TEST_F(GraphicsDeviceTest, Destruction_StopsTheThreadAndClosesXui) {
     EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads - 1; }));
     auto t = xui_host::trace();
     ASSERT_GE(t.size(), 9u);
-    EXPECT_EQ(t.back().function, "Close");
-    for (size_t i = t.size() - 9; i < t.size() - 5; ++i)
-        EXPECT_EQ(t[i].function, "ClearArea");
-    for (size_t i = t.size() - 5; i < t.size() - 1; ++i)
-        EXPECT_EQ(t[i].function, "DestroyWindow");
+    std::vector<std::string> last;
+    for (size_t i = t.size() - 9; i < t.size(); ++i)
+        last.push_back(t[i].function == "ClearArea" ? t[i].str() : t[i].function);
+    EXPECT_EQ(last, (std::vector<std::string>{"ClearArea(c3, 0, 0, 320, 216)",
+                                              "ClearArea(c4, 0, 0, 320, 216)", "ClearArea(c5, 0, 0, 320, 24)",
+                                              "ClearArea(c6, 0, 0, 320, 24)", "DestroyWindow",
+                                              "DestroyWindow", "DestroyWindow", "DestroyWindow", "Close"}));
     EXPECT_FALSE(XuiIsRunning());
 }
 

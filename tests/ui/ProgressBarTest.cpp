@@ -10,10 +10,13 @@ namespace {
 
 class ProgressBarTest : public test::PlatformTest {
 protected:
+    // Each rectangle drawn, "x,y wxh colour"; all of them filled.
     std::vector<std::string> rects(ui::ProgressBar& bar) {
         std::vector<std::string> out;
-        for (const auto& c : test::drawCalls(bar, "CanvasDrawRect"))
+        for (const auto& c : test::drawCalls(bar, "CanvasDrawRect")) {
+            EXPECT_EQ(c.args[6] + c.args[7], "01") << c.str(); // no rounding, filled
             out.push_back(c.args[1] + "," + c.args[2] + " " + c.args[3] + "x" + c.args[4] + " " + c.args[5]);
+        }
         return out;
     }
     using Rects = std::vector<std::string>;

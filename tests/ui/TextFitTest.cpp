@@ -223,4 +223,29 @@ TEST_F(TextFitTest, WrappableLabelMakesTheLinesOfTheDownwardSearch) {
     }
 }
 
+// What a terminal pays for a long word: the prefixes measured. The search gallops from the last
+// line's length and bisects, whole characters first; these are its counts, and a search that
+// measured more (a step that does not double, a character taken byte by byte) is slower on a
+// terminal whatever it gives.
+TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
+    std::string narrowThenWide, emoji;
+    for (int i = 0; i < 10; ++i)
+        narrowThenWide += std::string(100, 'i') + std::string(100, 'W');
+    for (int i = 0; i < 500; ++i)
+        emoji += "\xF0\x9F\x92\xB3\x80"; // a card, and a byte outside any character
+    const struct {
+        std::string text;
+        unsigned width;
+        int measurements;
+    } cases[] = {{std::string(2000, 'a'), 300, 147}, {narrowThenWide, 300, 460}, {emoji, 300, 179}};
+    for (const auto& c : cases) {
+        int measured = 0;
+        ui::detail::wrapText(c.text, c.width, [&](const char* s) {
+            ++measured;
+            return ui::fonts::GetTextWidth(s);
+        });
+        EXPECT_EQ(measured, c.measurements) << shown(c.text.substr(0, 12)) << "... at " << c.width;
+    }
+}
+
 } // namespace

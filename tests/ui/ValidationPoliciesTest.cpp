@@ -121,8 +121,8 @@ TEST(AlphaNumericPolicyTest, TypesFromTheAllowedClassesUpToMax) {
     } cases[] = {
         {false, false, true, 0, "", "222", {"A", "B", "C"}},
         {false, false, true, 0, "C", "33", {"CD", "CE"}},
-        {true, false, false, 0, "", "22", {"2", "22"}}, // only digits: a quick repeat appends
-        {false, false, true, 3, "abc", "2", {"abc"}},   // at exactly max every key is refused,
+        {true, false, false, 0, "", "22", {"2", "22"}},      // only digits: a quick repeat appends
+        {false, false, true, 3, "abc", "2", {"abc"}},        // at exactly max every key is refused,
         {false, false, true, 3, "ab", "22", {"abA", "abA"}}, // even a replacing repeat;
         {false, false, true, 3, "abcd", "4", {"abcdG"}},     // longer (set directly) is not equal
         {false, false, false, 0, "", "23", {std::string(1, '\0'), std::string(2, '\0')}}, // no class

@@ -75,6 +75,9 @@ TEST_F(WrappableLabelTest, SecondWrapAppends_AndResizeDropsTheText) {
     EXPECT_TRUE(lines(label).empty());
     label.wrapText("Again");
     EXPECT_EQ(lines(label), (Lines{"80:Again"}));
+    label.setHeight(60); // drops the text too
+    label.wrapText("Again");
+    EXPECT_EQ(lines(label), (Lines{"40:Again"}));
 }
 
 TEST_F(WrappableLabelTest, LocalizedText_AndUnknownIdsThrow) {

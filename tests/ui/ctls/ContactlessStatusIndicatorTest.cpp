@@ -110,7 +110,7 @@ TEST_F(ContactlessTest, SuccessScheme1_LightsInTurnWithTheTone_AndBlocksUntilDar
     EXPECT_LT(gap(0), 400);
     EXPECT_GE(gap(1), 99);
     EXPECT_LT(gap(1), 400);
-    EXPECT_GE(gap(2), 649);
+    EXPECT_GE(gap(2), 650); // the hold: whole milliseconds on one clock, so never less
     EXPECT_LT(gap(2), 1000);
     const auto beeps = osal::host::beeps();
     ASSERT_EQ(beeps.size(), 1u);

@@ -42,10 +42,9 @@ protected:
         terminal.show(view);
     }
 
-    // Presses one key ('0'-'9', 'C' clear, 'X' cancel) and returns the entry as the next frame
-    // shows it ("" when it draws nothing).
+    // Presses one key and returns the entry as the next frame shows it ("" when it draws nothing).
     std::string press(char key) {
-        terminal.press(key == 'C' ? int(XUI_KEY_CLEAR) : key == 'X' ? int(XUI_KEY_CANCEL) : int(key));
+        terminal.press(key);
         return entryShown();
     }
 
@@ -58,98 +57,104 @@ protected:
         return entry;
     }
 
-    // Types keys one by one and checks what each frame shows.
-    void expectSteps(const std::vector<std::pair<char, std::string>>& steps) {
-        for (const auto& [key, shown] : steps)
-            EXPECT_EQ(press(key), shown) << "after key " << key;
-    }
-
     ui::kit::Terminal terminal;
     std::shared_ptr<PromptView> view;
 };
 
-TEST_F(InputPromptTest, Currency_RefusesALeadingZero_AndKeepsTheRawAmount) {
-    show(ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."));
-    EXPECT_EQ(entryShown(), pound + "0.00");
-    expectSteps({{'0', pound + "0.00"}, {'5', pound + "0.05"}, {'0', pound + "0.50"}});
-    EXPECT_TRUE(view->prompt().validateInputText());
-    EXPECT_EQ(view->prompt().getInputText(), "50");
-    expectSteps({{'1', pound + "5.01"},
-                 {'2', pound + "50.12"},
-                 {'3', pound + "501.23"},
-                 {'4', pound + "501.23"},
-                 {'C', pound + "50.12"},
-                 {'X', ""},
-                 {'7', pound + "0.07"}});
-}
-
-TEST_F(InputPromptTest, Numeric_RefusesALeadingZero_AndStopsAtItsMaximum) {
-    show(ui::input::createNumericPrompt(1, 100));
-    expectSteps({{'0', ""}, {'1', "1"}, {'0', "10"}, {'0', "100"}, {'5', "100"}});
-    EXPECT_TRUE(view->prompt().validateInputText());
-    expectSteps({{'X', ""}});
-    EXPECT_FALSE(view->prompt().validateInputText());
-}
-
-TEST_F(InputPromptTest, DefaultCurrency_UsesTheTerminalsCurrency) {
+// Each kind of prompt as it is typed: keys in groups ('C' clear, 'X' cancel, 'P' a pause of the
+// multi-tap interval), the entry the frame shows after each group, and at the end whether the
+// entry validates and what it holds.
+TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
+    using namespace ui::input;
     osal::host::setCurrency({"$", ".", 2});
-    show(ui::input::createDefaultCurrencyPrompt());
-    expectSteps({{'0', "$0.00"}, {'1', "$0.01"}, {'5', "$0.15"}});
-    EXPECT_EQ(view->prompt().getInputText(), "015");
-}
-
-TEST_F(InputPromptTest, Date_StopsAtTheMaximum_AndValidatesTheRange) {
-    show(ui::input::createNumericDatePrompt());
-    expectSteps({{'2', "2"},
-                 {'0', "20"},
-                 {'2', "202"},
-                 {'4', "2024"},
-                 {'1', "2024/1"},
-                 {'1', "2024/11"},
-                 {'1', "2024/11/1"},
-                 {'5', "2024/11/15"},
-                 {'0', "2024/11/15"}});
-    EXPECT_TRUE(view->prompt().validateInputText());
+    const struct {
+        const char* kind;
+        std::function<InputPrompt()> make;
+        std::vector<std::pair<std::string, std::string>> steps;
+        bool valid;
+        std::string raw;
+    } cases[] = {
+        {"currency",
+         [] { return createCurrencyPrompt(1, 99999, 2, pound, "."); },
+         {{"", pound + "0.00"},
+          {"0", pound + "0.00"},
+          {"5", pound + "0.05"},
+          {"0", pound + "0.50"},
+          {"1", pound + "5.01"},
+          {"23", pound + "501.23"},
+          {"4", pound + "501.23"},
+          {"C", pound + "50.12"}},
+         true,
+         "5012"},
+        {"numeric",
+         [] { return createNumericPrompt(1, 100); },
+         {{"0", ""}, {"1", "1"}, {"00", "100"}, {"5", "100"}, {"X", ""}, {"7", "7"}},
+         true,
+         "7"},
+        {"default currency",
+         [] { return createDefaultCurrencyPrompt(); },
+         {{"0", "$0.00"}, {"1", "$0.01"}, {"5", "$0.15"}},
+         true,
+         "015"},
+        {"date",
+         [] { return createNumericDatePrompt(); },
+         {{"2024", "2024"},
+          {"1", "2024/1"},
+          {"1", "2024/11"},
+          {"1", "2024/11/1"},
+          {"5", "2024/11/15"},
+          {"0", "2024/11/15"}},
+         true,
+         "20241115"},
+        // The sixth digit of a time above 23:59:59 is refused, yet 99:59:5 validates: no range.
+        {"time",
+         [] { return createNumericTimePrompt(); },
+         {{"99", "99"},
+          {"5", "99:5"},
+          {"9", "99:59"},
+          {"59", "99:59:5"},
+          {"X", ""},
+          {"2359", "23:59"},
+          {"5", "23:59:5"},
+          {"9", "23:59:59"},
+          {"0", "23:59:59"}},
+         true,
+         "235959"},
+        {"address",
+         [] { return createNumericIPPrompt(); },
+         {{"19216800101", "192.168.001.01"}, {"0", "192.168.001.010"}, {"9", "192.168.001.010"}},
+         true,
+         "192168001010"},
+        // At the maximum of 3 even a repeat, which would replace, is refused.
+        {"text",
+         [] { return createTextPrompt(false, false, true, 2, 3); },
+         {{"2", "A"}, {"2", "B"}, {"2", "C"}, {"P2", "CA"}, {"3", "CAD"}, {"3", "CAD"}, {"C", "CA"}},
+         true,
+         "CA"},
+        {"short text", [] { return createTextPrompt(false, false, true, 2, 3); }, {{"222", "C"}}, false, "C"},
+        {"any text",
+         [] { return createDefaultAlphaNumericPrompt(); },
+         {{"0", "0"}, {"0", "."}, {"0", "_"}, {"1", "_1"}, {"1", "_!"}},
+         true,
+         "_!"},
+    };
+    for (const auto& c : cases) {
+        show(c.make());
+        for (const auto& [keys, shown] : c.steps) {
+            for (char key : keys)
+                key == 'P' ? osal::host::advanceTime(750ms)
+                           : terminal.press(key == 'C'   ? int(XUI_KEY_CLEAR)
+                                            : key == 'X' ? int(XUI_KEY_CANCEL)
+                                                         : int(key));
+            EXPECT_EQ(entryShown(), shown) << c.kind << ", after " << keys;
+        }
+        EXPECT_EQ(view->prompt().validateInputText(), c.valid) << c.kind;
+        EXPECT_EQ(view->prompt().getInputText(), c.raw) << c.kind;
+    }
+    show(createNumericDatePrompt());
     view->prompt().setTextboxText("2015053");
-    expectSteps({{'0', "2015/05/30"}});
+    EXPECT_EQ(press('0'), "2015/05/30");
     EXPECT_FALSE(view->prompt().validateInputText()); // the day before the minimum
-}
-
-TEST_F(InputPromptTest, Time_RefusesTheSixthDigitAboveTheMaximum_AndAlwaysValidates) {
-    show(ui::input::createNumericTimePrompt());
-    expectSteps({{'9', "9"}, {'9', "99"}, {'5', "99:5"}, {'9', "99:59"}, {'5', "99:59:5"}, {'9', "99:59:5"}});
-    EXPECT_TRUE(view->prompt().validateInputText()); // 99:59:5 is not range-checked
-    expectSteps({{'X', ""},
-                 {'2', "2"},
-                 {'3', "23"},
-                 {'5', "23:5"},
-                 {'9', "23:59"},
-                 {'5', "23:59:5"},
-                 {'9', "23:59:59"},
-                 {'0', "23:59:59"}});
-}
-
-TEST_F(InputPromptTest, Address_TakesTwelveDigits) {
-    show(ui::input::createNumericIPPrompt());
-    for (char c : std::string("19216800101"))
-        press(c);
-    expectSteps({{'0', "192.168.001.010"}, {'9', "192.168.001.010"}});
-    EXPECT_EQ(view->prompt().getInputText(), "192168001010");
-    EXPECT_TRUE(view->prompt().validateInputText());
-}
-
-TEST_F(InputPromptTest, Text_MultiTapsWithinTheAllowedClassesAndLength) {
-    show(ui::input::createTextPrompt(false, false, true, 2, 3));
-    expectSteps({{'2', "A"}, {'2', "B"}, {'2', "C"}});
-    EXPECT_FALSE(view->prompt().validateInputText()); // shorter than 2
-    osal::host::advanceTime(750ms);
-    expectSteps({{'2', "CA"}, {'3', "CAD"}, {'3', "CAD"}}); // at the maximum even a repeat is refused
-    EXPECT_TRUE(view->prompt().validateInputText());
-    expectSteps({{'C', "CA"}});
-
-    show(createDefaultAlphaNumericPrompt());
-    expectSteps({{'0', "0"}, {'0', "."}, {'0', "_"}, {'1', "_1"}, {'1', "_!"}});
-    EXPECT_TRUE(view->prompt().validateInputText());
 }
 
 TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {

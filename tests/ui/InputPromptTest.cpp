@@ -6,6 +6,8 @@
 
 #include <ui/kit/Terminal.hpp>
 
+#include <sstream>
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -61,95 +63,50 @@ protected:
     std::shared_ptr<PromptView> view;
 };
 
-// Each kind of prompt as it is typed: keys in groups ('C' clear, 'X' cancel, 'P' a pause of the
-// multi-tap interval), the entry the frame shows after each group, and at the end whether the
-// entry validates and what it holds.
+// Each kind of prompt as it is typed, in steps "keys:shown" ('C' clear, 'X' cancel, 'P' a pause of
+// the multi-tap interval): the entry the frame shows after the keys; at the end whether the
+// entry validates and what it holds. A time's sixth digit above 23:59:59 is refused, yet 99:59:5
+// validates (no range check); at a text's maximum even a repeat, which would replace, is refused.
 TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
     using namespace ui::input;
     osal::host::setCurrency({"$", ".", 2});
     const struct {
-        const char* kind;
-        std::function<InputPrompt()> make;
-        std::vector<std::pair<std::string, std::string>> steps;
+        InputPrompt prompt;
+        std::string steps;
         bool valid;
         std::string raw;
     } cases[] = {
-        {"currency",
-         [] { return createCurrencyPrompt(1, 99999, 2, pound, "."); },
-         {{"", pound + "0.00"},
-          {"0", pound + "0.00"},
-          {"5", pound + "0.05"},
-          {"0", pound + "0.50"},
-          {"1", pound + "5.01"},
-          {"23", pound + "501.23"},
-          {"4", pound + "501.23"},
-          {"C", pound + "50.12"}},
-         true,
-         "5012"},
-        {"numeric",
-         [] { return createNumericPrompt(1, 100); },
-         {{"0", ""}, {"1", "1"}, {"00", "100"}, {"5", "100"}, {"X", ""}, {"7", "7"}},
-         true,
-         "7"},
-        {"default currency",
-         [] { return createDefaultCurrencyPrompt(); },
-         {{"0", "$0.00"}, {"1", "$0.01"}, {"5", "$0.15"}},
-         true,
-         "015"},
-        {"date",
-         [] { return createNumericDatePrompt(); },
-         {{"2024", "2024"},
-          {"1", "2024/1"},
-          {"1", "2024/11"},
-          {"1", "2024/11/1"},
-          {"5", "2024/11/15"},
-          {"0", "2024/11/15"}},
-         true,
+        {createCurrencyPrompt(1, 99999, 2, pound, "."),
+         ":£0.00 0:£0.00 5:£0.05 0:£0.50 123:£501.23 4:£501.23 C:£50.12", true, "5012"},
+        {createNumericPrompt(1, 100), "0: 1:1 00:100 5:100 X: 7:7", true, "7"},
+        {createDefaultCurrencyPrompt(), "0:$0.00 1:$0.01 5:$0.15", true, "015"},
+        {createNumericDatePrompt(), "2024:2024 1:2024/1 1:2024/11 15:2024/11/15 0:2024/11/15", true,
          "20241115"},
-        // The sixth digit of a time above 23:59:59 is refused, yet 99:59:5 validates: no range.
-        {"time",
-         [] { return createNumericTimePrompt(); },
-         {{"99", "99"},
-          {"5", "99:5"},
-          {"9", "99:59"},
-          {"59", "99:59:5"},
-          {"X", ""},
-          {"2359", "23:59"},
-          {"5", "23:59:5"},
-          {"9", "23:59:59"},
-          {"0", "23:59:59"}},
-         true,
-         "235959"},
-        {"address",
-         [] { return createNumericIPPrompt(); },
-         {{"19216800101", "192.168.001.01"}, {"0", "192.168.001.010"}, {"9", "192.168.001.010"}},
-         true,
+        {createNumericTimePrompt(), "995:99:5 9:99:59 59:99:59:5 X: 23595:23:59:5 9:23:59:59 0:23:59:59",
+         true, "235959"},
+        {createNumericIPPrompt(), "19216800101:192.168.001.01 0:192.168.001.010 9:192.168.001.010", true,
          "192168001010"},
-        // At the maximum of 3 even a repeat, which would replace, is refused.
-        {"text",
-         [] { return createTextPrompt(false, false, true, 2, 3); },
-         {{"2", "A"}, {"2", "B"}, {"2", "C"}, {"P2", "CA"}, {"3", "CAD"}, {"3", "CAD"}, {"C", "CA"}},
-         true,
-         "CA"},
-        {"short text", [] { return createTextPrompt(false, false, true, 2, 3); }, {{"222", "C"}}, false, "C"},
-        {"any text",
-         [] { return createDefaultAlphaNumericPrompt(); },
-         {{"0", "0"}, {"0", "."}, {"0", "_"}, {"1", "_1"}, {"1", "_!"}},
-         true,
-         "_!"},
+        {createTextPrompt(false, false, true, 2, 3), "2:A 2:B 2:C P2:CA 3:CAD 3:CAD C:CA", true, "CA"},
+        {createTextPrompt(false, false, true, 2, 3), "222:C", false, "C"},
+        {createDefaultAlphaNumericPrompt(), "0:0 0:. 0:_ 1:_1 1:_!", true, "_!"},
     };
     for (const auto& c : cases) {
-        show(c.make());
-        for (const auto& [keys, shown] : c.steps) {
-            for (char key : keys)
-                key == 'P' ? osal::host::advanceTime(750ms)
-                           : terminal.press(key == 'C'   ? int(XUI_KEY_CLEAR)
-                                            : key == 'X' ? int(XUI_KEY_CANCEL)
-                                                         : int(key));
-            EXPECT_EQ(entryShown(), shown) << c.kind << ", after " << keys;
+        show(c.prompt);
+        std::istringstream steps(c.steps);
+        for (std::string step; steps >> step;) {
+            const auto colon = step.find(':');
+            for (char key : step.substr(0, colon)) {
+                if (key == 'P')
+                    osal::host::advanceTime(750ms);
+                else
+                    terminal.press(key == 'C'   ? int(XUI_KEY_CLEAR)
+                                   : key == 'X' ? int(XUI_KEY_CANCEL)
+                                                : int(key));
+            }
+            EXPECT_EQ(entryShown(), step.substr(colon + 1)) << c.steps << ", at " << step;
         }
-        EXPECT_EQ(view->prompt().validateInputText(), c.valid) << c.kind;
-        EXPECT_EQ(view->prompt().getInputText(), c.raw) << c.kind;
+        EXPECT_EQ(view->prompt().validateInputText(), c.valid) << c.steps;
+        EXPECT_EQ(view->prompt().getInputText(), c.raw) << c.steps;
     }
     show(createNumericDatePrompt());
     view->prompt().setTextboxText("2015053");

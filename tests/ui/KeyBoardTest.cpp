@@ -46,29 +46,6 @@ TEST_F(KeyBoardTest, KeysBeforeBindAreDiscarded_ThenDelivered) {
     EXPECT_EQ(got, (std::vector<Key>{device::input::KEY_4}));
 }
 
-TEST_F(KeyBoardTest, AThrowingHandlerIsLogged_AndTheNextKeyStillArrives) {
-    ui::input::KeyBoard keyboard;
-    std::atomic<int> delivered{0};
-    keyboard.bind([&](Key k) {
-        if (k == device::input::KEY_1)
-            throw std::runtime_error("handler failed");
-        if (k == device::input::KEY_2)
-            throw 7;
-        if (k == device::input::KEY_3)
-            ++delivered;
-    });
-    xui_host::pushKey('1');
-    xui_host::pushKey('2');
-    xui_host::pushKey('3');
-    ASSERT_TRUE(test::eventually([&] { return delivered.load() == 1; }));
-    auto reports = osal::host::exceptionReports();
-    ASSERT_EQ(reports.size(), 2u);
-    EXPECT_EQ(reports[0].source, "KeyBoard");
-    EXPECT_EQ(reports[0].line, 106);
-    EXPECT_EQ(reports[0].what, "handler failed");
-    EXPECT_EQ(reports[1].line, 110);
-}
-
 TEST_F(KeyBoardTest, RebindingWhileKeysArrive_EachKeyGoesToExactlyOneHandler) {
     ui::input::KeyBoard keyboard;
     std::atomic<int> first{0}, second{0};

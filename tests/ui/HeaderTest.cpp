@@ -55,43 +55,39 @@ TEST_F(HeaderTest, Battery_ShowsTheIndexedIcon_IgnoringValuesAboveSix) {
     EXPECT_EQ(shown().argb, file("ZEVA_12717_Battery_Icon_1.png"));
 }
 
-TEST_F(HeaderTest, Battery_AndEthernet_FollowTheTerminalsCapabilities) {
-    osal::host::setCapabilities(false, false);
-    ui::Battery battery(0, 0, 24, 24, kRes);
-    ui::Ethernet ethernet(30, 0, 24, 24, kRes);
-    EXPECT_FALSE(battery.isVisible());
-    EXPECT_FALSE(ethernet.isVisible());
-    battery.draw(ui::Xui::RootCanvas());
-    ethernet.draw(ui::Xui::RootCanvas());
-    EXPECT_TRUE(drawnPictures().empty());
-    ui::drawIcon(ui::Xui::RootCanvas()); // draws regardless of visibility
-    EXPECT_EQ(drawnPictures().size(), 1u);
-}
-
-TEST_F(HeaderTest, Ethernet_ShowsTheGlobeWhenConnected) {
+// Ethernet shows the globe when connected; flight mode and update only when asked; battery and
+// Ethernet not at all on a terminal without them, though drawIcon draws regardless.
+TEST_F(HeaderTest, Icons_ShowTheirStateOnlyWhereTheTerminalHasThem) {
     ui::Ethernet ethernet(0, 0, 24, 24, kRes);
-    ethernet.setValue(true);
-    ethernet.draw(ui::Xui::RootCanvas());
-    ethernet.setValue(false);
-    ethernet.draw(ui::Xui::RootCanvas());
-    EXPECT_EQ(drawnPictures(),
-              (std::vector<std::string>{
-                  pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_globe_icon.png"),
-                  pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_icon.png")}));
-}
-
-TEST_F(HeaderTest, FlightModeAndUpdate_AreShownOnlyWhenAsked) {
     ui::FlightMode flight(0, 0, 24, 24, kRes);
     ui::ApplicationUpdate update(30, 0, 24, 24, kRes);
-    update.setValue(false);
-    flight.draw(ui::Xui::RootCanvas());
-    update.draw(ui::Xui::RootCanvas());
+    const auto draw = [&](bool connected, bool flying, bool updating) {
+        ethernet.setValue(connected);
+        flight.setVisible(flying);
+        update.setValue(updating);
+        xui_host::clearTrace();
+        for (ui::Widget* w : std::initializer_list<ui::Widget*>{&ethernet, &flight, &update})
+            w->draw(ui::Xui::RootCanvas());
+        return drawnPictures();
+    };
+    const std::string globe =
+                          pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_globe_icon.png"),
+                      plain = pictureOf("images/header/ethernet/ZEVA_12717_Ethernet_connection_icon.png");
+    EXPECT_EQ(draw(true, false, false), (std::vector<std::string>{globe}));
+    EXPECT_EQ(draw(false, true, true).size(), 3u);
+    EXPECT_EQ(draw(false, true, true)[0], plain);
+
+    osal::host::setCapabilities(false, false);
+    ui::Battery battery(0, 0, 24, 24, kRes);
+    ui::Ethernet none(30, 0, 24, 24, kRes);
+    EXPECT_FALSE(battery.isVisible());
+    EXPECT_FALSE(none.isVisible());
+    xui_host::clearTrace();
+    battery.draw(ui::Xui::RootCanvas());
+    none.draw(ui::Xui::RootCanvas());
     EXPECT_TRUE(drawnPictures().empty());
-    flight.setVisible(true);
-    update.setValue(true);
-    flight.draw(ui::Xui::RootCanvas());
-    update.draw(ui::Xui::RootCanvas());
-    EXPECT_EQ(drawnPictures().size(), 2u);
+    ui::drawIcon(ui::Xui::RootCanvas());
+    EXPECT_EQ(drawnPictures().size(), 1u);
 }
 
 TEST_F(HeaderTest, OfflineStore_ShowsTheCountUnderTheIcon) {
@@ -167,21 +163,19 @@ TEST_F(HeaderTest, Format_PadsToTwoDigits) {
 TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
     EXPECT_EXIT(
         {
-            XuiClose();
-            osal::host::pinClock(k0905on7March2025);
-            ui::UserInterface ui(GraphicsDeviceParams{0, 32});
-            ui.initialize();
-            ui::IGraphics* graphics = ui::ServiceLocator::getGraphicsService();
-            auto header = std::make_shared<app::StatusHeader>(kRes);
-            header->setOfflineCount(7);
-            header->setUpdateAvailable(true);
-            header->setSignal(80);
-            header->setEthernet(true);
-            header->setFlightMode(true);
-            header->setBattery(3);
-            graphics->getWindow()->setHeader(header);
-            graphics->updateHeader();
-            auto screen = xui_host::screen();
+            ui::kit::TerminalOptions options;
+            options.clock = k0905on7March2025;
+            options.statusHeader = true;
+            ui::kit::Terminal terminal(options);
+            terminal.show(std::make_shared<app::Screen>());
+            app::StatusHeader& header = terminal.header();
+            header.setOfflineCount(7);
+            header.setUpdateAvailable(true);
+            header.setSignal(80);
+            header.setEthernet(true);
+            header.setFlightMode(true);
+            header.setBattery(3);
+            auto screen = terminal.screen();
             screen.argb.resize(size_t(screen.width) * 32);
             screen.height = 32;
             const auto matches = test::matchesGolden(screen, "header");

@@ -17,5 +17,7 @@ function(ui_discover_tests target)
         file(MAKE_DIRECTORY ${directory})
         file(CREATE_LINK ${UI_RESOURCE_DIR} ${directory}/res SYMBOLIC)
     endif()
-    gtest_discover_tests(${target} WORKING_DIRECTORY ${directory} PROPERTIES ${arg_PROPERTIES})
+    # Listing the tests runs the program: give an emulator (a cross build) the time it needs.
+    gtest_discover_tests(${target} WORKING_DIRECTORY ${directory} DISCOVERY_TIMEOUT 60
+                         PROPERTIES ${arg_PROPERTIES})
 endfunction()

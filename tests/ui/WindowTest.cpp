@@ -12,17 +12,19 @@ using WindowTest = test::PlatformTest;
 using device::input::KEY_1;
 using device::input::KEY_2;
 
-TEST_F(WindowTest, Draw_WithoutViewIsFalse_WithViewDrawsIt) {
+// Without a view a window draws nothing (false) and drops keys; its header update is always
+// true and draws the indicator set.
+TEST_F(WindowTest, WithoutAViewNothingIsDrawnOrDelivered_WithOneItIs) {
     ui::Window window(320, 216);
     EXPECT_FALSE(window.draw(nullptr));
+    window.injectKeyPress(KEY_1);
     auto view = std::make_shared<test::View>();
     window.setView(view);
     EXPECT_TRUE(window.draw(nullptr));
     EXPECT_EQ(view->draws.load(), 1);
-}
+    window.injectKeyPress(KEY_2);
+    EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_2}));
 
-TEST_F(WindowTest, UpdateHeader_IsAlwaysTrue_AndDrawsWhatIsSet) {
-    ui::Window window(320, 216);
     EXPECT_TRUE(window.updateHeader(nullptr));
     struct Indicator : ui::ContactlessStatusIndicator {
         Indicator() : ContactlessStatusIndicator(0, 0, 10, 10) {}
@@ -48,15 +50,6 @@ TEST_F(WindowTest, SetView_ReleasesTheOldViewFirst) {
     window.setView(std::make_shared<Watched>(window, empty));
     window.setView(std::make_shared<test::View>());
     EXPECT_TRUE(empty); // released before the new one was stored
-}
-
-TEST_F(WindowTest, Keys_WithoutViewAreDropped) {
-    ui::Window window(320, 216);
-    window.injectKeyPress(KEY_1); // nothing to receive it, nothing breaks
-    auto view = std::make_shared<test::View>();
-    window.setView(view);
-    window.injectKeyPress(KEY_2);
-    EXPECT_EQ(view->receivedKeys(), (std::vector<device::input::Key>{KEY_2}));
 }
 
 TEST_F(WindowTest, AViewReplacingItselfFromItsKeyHandlerSurvivesTheCall_NoWindowLockHeld) {

@@ -2,13 +2,23 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 namespace ui::kit {
+
+namespace {
+
+bool updating() {
+    const char* update = std::getenv("UI_UPDATE_GOLDEN");
+    return update && std::string(update) == "1";
+}
+
+} // namespace
 
 ::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& path,
                                          unsigned tolerance) {
     const std::string stem = path.substr(0, path.size() - 4);
-    if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
+    if (updating()) {
         std::error_code error;
         std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
         if (!xui_host::savePng(actual, path))
@@ -49,6 +59,45 @@ namespace ui::kit {
     xui_host::savePng(diff, stem + "_diff.png");
     return ::testing::AssertionFailure() << differing << " pixels differ from " << path << "; see " << stem
                                          << "_actual.png and " << stem << "_diff.png";
+}
+
+::testing::AssertionResult matchesGoldenText(const std::vector<std::string>& actual,
+                                             const std::string& path) {
+    if (updating()) {
+        std::ofstream out(path);
+        for (const auto& line : actual)
+            out << line << "\n";
+        if (!out)
+            return ::testing::AssertionFailure() << "cannot write the golden " << path;
+    }
+    std::ifstream in(path);
+    if (!in)
+        return ::testing::AssertionFailure() << "missing golden " << path;
+    std::vector<std::string> reviewed;
+    for (std::string line; std::getline(in, line);)
+        reviewed.push_back(line);
+    if (reviewed == actual)
+        return ::testing::AssertionSuccess();
+    auto failure = ::testing::AssertionFailure() << path << " differs; the actual lines:\n";
+    for (const auto& line : actual)
+        failure << "  " << line << "\n";
+    return failure;
+}
+
+::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& folder,
+                                                 bool timeline) {
+    std::string differing;
+    for (const Step& step : steps)
+        if (const auto matches = matchesGolden(step.screen, folder + "/" + step.picture); !matches)
+            differing +=
+                "\n  step " + std::to_string(step.number) + " (" + step.action + "): " + matches.message();
+    if (timeline)
+        if (const auto matches = matchesGoldenText(timelineLines(steps, false), folder + "/timeline.txt");
+            !matches)
+            differing += std::string("\n  ") + matches.message();
+    if (differing.empty())
+        return ::testing::AssertionSuccess() << steps.size() << " steps as reviewed in " << folder;
+    return ::testing::AssertionFailure() << "the session differs from " << folder << ":" << differing;
 }
 
 } // namespace ui::kit

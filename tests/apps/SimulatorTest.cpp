@@ -11,8 +11,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 std::string readAll(FILE* pipe) {
     std::string out;
     char buffer[256];
@@ -57,22 +55,7 @@ TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
     osal::host::loadStrings("res/strings/en.txt");
     const auto result = demo::runSession(ui::kit::loadScript("apps/simulator/demo.session"), {});
     ASSERT_GT(result.steps.size(), 50u);
-    for (const auto& step : result.steps) {
-        const std::string stem = step.picture.substr(0, step.picture.size() - 4);
-        EXPECT_TRUE(test::matchesGolden(step.screen, "demo/" + stem)) << step.action;
-    }
-    const Lines timeline = ui::kit::timelineLines(result.steps, false);
-    const std::string path = std::string(UI_GOLDEN_DIR) + "/demo/timeline.txt";
-    if (const char* update = std::getenv("UI_UPDATE_GOLDEN"); update && std::string(update) == "1") {
-        std::ofstream out(path);
-        for (const auto& line : timeline)
-            out << line << "\n";
-    }
-    Lines reviewed;
-    std::ifstream in(path);
-    for (std::string line; std::getline(in, line);)
-        reviewed.push_back(line);
-    EXPECT_EQ(timeline, reviewed) << "the reviewed timeline is " << path;
+    EXPECT_TRUE(ui::kit::sessionMatchesGoldens(result.steps, std::string(UI_GOLDEN_DIR) + "/demo"));
 }
 
 // The demo's screens as a translation 40 % longer would show them, against reviewed pictures
@@ -83,10 +66,8 @@ TEST_F(DemoSessionTest, PseudoLocalizedScreensMatchTheReviewedOnes) {
     options.pseudoLocalization = 1.4;
     const auto result = demo::runSession(ui::kit::loadScript("tests/apps/pseudo.session"), options);
     ASSERT_GT(result.steps.size(), 15u);
-    for (const auto& step : result.steps)
-        EXPECT_TRUE(test::matchesGolden(step.screen,
-                                        "demo_pseudo/" + step.picture.substr(0, step.picture.size() - 4)))
-            << step.action;
+    EXPECT_TRUE(
+        ui::kit::sessionMatchesGoldens(result.steps, std::string(UI_GOLDEN_DIR) + "/demo_pseudo", false));
 }
 
 // What the demo does beyond its own session: a tap on the idle screen starts a sale, the hints

@@ -4,11 +4,14 @@
 // as the new golden instead, for review.
 #pragma once
 
+#include "ui/kit/Recording.hpp"
+
 #include <xui_host.hpp>
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace ui::kit {
 
@@ -16,5 +19,15 @@ namespace ui::kit {
 // most tolerance (0: exact).
 ::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& path,
                                          unsigned tolerance = 0);
+
+// Lines of text against a reviewed file, one a line (UI_UPDATE_GOLDEN=1 rewrites it); the
+// failure shows both.
+::testing::AssertionResult matchesGoldenText(const std::vector<std::string>& actual, const std::string& path);
+
+// A recorded session against a reviewed one in folder: every step's picture (folder + its
+// picture's name) and, when asked, the LED-and-tone timeline without its times
+// (folder/timeline.txt). The failure names each step that differs.
+::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& folder,
+                                                 bool timeline = true);
 
 } // namespace ui::kit

@@ -144,11 +144,14 @@ def run(command, timeout=None, log=None):
 
 
 def first_failure(log_path):
-    for line in Path(log_path).read_text(errors="replace").splitlines():
+    """The first test the run reports failed, else the first sign of a crash."""
+    lines = Path(log_path).read_text(errors="replace").splitlines()
+    for line in lines:
         if line.startswith("[  FAILED  ]"):
             return line[len("[  FAILED  ]"):].split("(")[0].strip()
-        if "Death test" in line or "terminate called" in line:
-            return line.strip()
+    for line in lines:
+        if "terminate called" in line or "Segmentation" in line or "Aborted" in line:
+            return line.strip()[:100]
     return "the run failed"
 
 

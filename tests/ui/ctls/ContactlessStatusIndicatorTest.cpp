@@ -79,6 +79,7 @@ TEST_F(ContactlessTest, StartsDark_ReadyLightsTheFirstLed_OffDarkensIt) {
     enable();
     set(State::Ready);
     EXPECT_TRUE(showsSoon("1000"));
+    graphics->updateHeader(); // drawn is not yet shown: a synchronous redraw presents it
     auto header = xui_host::screen();
     header.height = 24;
     header.argb.resize(size_t(header.width) * header.height);

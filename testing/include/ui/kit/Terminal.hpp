@@ -5,8 +5,8 @@
 // Host only: it links the stand-ins' controls, which no terminal has. Some state is the
 // process's, not the terminal's, and outlives a Terminal: the header icons' pictures (shared by
 // every instance and never cleared, so the first battery built decides where every battery is
-// drawn), the published canvas sizes, and the multi-tap position. Run each test in a process of
-// its own (gtest_discover_tests and ctest do) when a suite depends on them.
+// drawn), the published canvas sizes, and the multi-tap position. ui_discover_tests (CMake) runs
+// each test in a process of its own, so that no test sees another's.
 #pragma once
 
 #include <ui/ui.hpp>

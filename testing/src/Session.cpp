@@ -20,17 +20,6 @@ std::string slug(const std::string& action) {
     return out;
 }
 
-// A frame of the current screen begun after this call has been drawn and presented: the main
-// area's frame counter, which header redraws do not move.
-void settleFrame(ui::IGraphics& graphics) {
-    graphics.waitForDraw(); // a draw in progress is from before the request
-    const uint64_t frames = xui_host::mainFramesShown();
-    graphics.update();
-    if (!xui_host::waitForMainFrames(frames + 1, kPatience))
-        throw std::runtime_error("no frame of the application's screen came in 5 seconds");
-    graphics.waitForDraw(); // and presented
-}
-
 // Keys go in once the keypad has taken the one before; time passes for real; every step is
 // pictured anyway (a shot only names its picture).
 class Headless : public FrontEnd {
@@ -51,6 +40,16 @@ private:
 };
 
 } // namespace
+
+bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout) {
+    graphics.waitForDraw();
+    const uint64_t frames = xui_host::mainFramesShown();
+    graphics.update();
+    if (!xui_host::waitForMainFrames(frames + 1, timeout))
+        return false;
+    graphics.waitForDraw(); // the rest of the present step: the other canvas hidden
+    return true;
+}
 
 Session::Session(const SessionOptions& options) : options_(options) {
     osal::host::pinClock(kSessionClock);
@@ -74,7 +73,8 @@ void Session::capture(const std::string& action, const std::string& name) {
     changesSeen_ = app.indicatorChanges();
     if (app.indicated() == ui::State::Idle && !recorder_.waitForLeds("1000", kPatience))
         throw std::runtime_error(action + ": the idle flash did not come");
-    settleFrame(app.graphics());
+    if (!presentNewFrame(app.graphics(), kPatience))
+        throw std::runtime_error("no frame of the application's screen came in 5 seconds");
     Step step;
     step.number = int(steps_.size());
     step.action = action;

@@ -1,4 +1,5 @@
 #include "ui/kit/Terminal.hpp"
+#include "ui/kit/Session.hpp"
 
 #include <osal/host.hpp>
 
@@ -71,14 +72,9 @@ app::StatusHeader& Terminal::header() {
 void Terminal::settle() {
     // Synchronous: a header drawn on another thread is finished first, under the same locks.
     graphics_->updateHeader();
-    // A draw in progress began before this call; the frame to wait for begins after it.
-    graphics_->waitForDraw();
-    const uint64_t frames = xui_host::mainFramesShown();
-    graphics_->update();
-    if (!xui_host::waitForMainFrames(frames + 1, options_.timeout))
+    if (!presentNewFrame(*graphics_, options_.timeout))
         throw std::runtime_error("Terminal: no frame presented in " +
                                  std::to_string(options_.timeout.count()) + " ms; is a view set?");
-    graphics_->waitForDraw(); // the rest of the present step: the other canvas hidden
 }
 
 xui_host::Pixels Terminal::screen() {

@@ -19,6 +19,11 @@
 
 namespace ui::kit {
 
+// Returns once a frame of the main area begun after this call has been drawn and presented,
+// waiting on the stand-in's frame counter (header redraws do not move it); false when none came
+// within timeout. A draw in progress is from before the call and does not count.
+bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout);
+
 struct SessionOptions {
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
     // After the indicator changes state, a step waits until nothing has been drawn or sounded

@@ -28,6 +28,14 @@
 
 namespace test {
 
+// The pound sign in UTF-8, as an application passes it for a currency.
+inline const std::string pound = "\xC2\xA3";
+
+// The keypad key of a digit character.
+inline device::input::Key digit(char c) {
+    return c == '0' ? device::input::KEY_0 : device::input::Key(device::input::KEY_1 + (c - '1'));
+}
+
 // Opens a 320 x 240 display with a status bar, the trace on, and records the log: the kit's
 // fresh platform for every test.
 class PlatformTest : public ::testing::Test {

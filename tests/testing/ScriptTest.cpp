@@ -35,10 +35,10 @@ TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
 }
 
 TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
-    struct Case {
+    struct Bad {
         std::string line, message;
     };
-    const Case cases[] = {
+    const Bad cases[] = {
         {"prss ENTER", "test.session:2: unknown command \"prss\"; expected one of key, keys, wait"},
         {"key ENTRE", "test.session:2: unknown key \"ENTRE\"; expected one of 0-9, ENTER"},
         {"key", "test.session:2: key takes 1 argument, not 0; expected key NAME"},

@@ -1,3 +1,5 @@
+#include "Support.hpp"
+
 #include "ui/TextEntry.hpp"
 
 #include <osal/host.hpp>
@@ -6,6 +8,7 @@
 
 namespace {
 
+using test::pound;
 struct Case {
     std::string raw;
     std::string shown;
@@ -15,8 +18,6 @@ template <class Policy> void expectShown(Policy& policy, const std::vector<Case>
     for (const auto& c : cases)
         EXPECT_EQ(policy.formatValue(c.raw), c.shown) << "raw \"" << c.raw << '"';
 }
-
-const std::string pound = "\xC2\xA3";
 
 TEST(FormatPolicyTest, AmountsInMinorUnits) {
     format_policy amount;

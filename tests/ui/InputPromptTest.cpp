@@ -10,10 +10,11 @@
 
 namespace {
 
+using test::pound;
+using Lines = std::vector<std::string>;
+
 using namespace std::chrono_literals;
 using device::input::Key;
-
-const std::string pound = "\xC2\xA3";
 
 // The support library's prompt screen, as an application shows one, counting the keys it has
 // handled.
@@ -115,12 +116,12 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
 }
 
 TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {
-    struct Case {
+    struct Kind {
         int kind;
         std::string keys, shown;
         bool valid;
     };
-    const Case cases[] = {
+    const Kind cases[] = {
         {0, "07", "07", true},      {1, "2", "2", true},           {2, "5", "", false},
         {3, "5", "", false},        {4, "20241", "2024/1", false}, {5, "093", "09:3", true},
         {6, "1921", "192.1", true}, {7, "5", "", false},           {-1, "5", "", false},
@@ -147,7 +148,6 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
             out.push_back(std::to_string(text.y) + " " + text.text);
         return out;
     };
-    using Lines = std::vector<std::string>;
     // Built without a message, the box sits one line below the top; the message does not move it.
     EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "20 " + pound + "0.00"}));
     ui::input::AlignCenter(prompt); // the copy shares the box

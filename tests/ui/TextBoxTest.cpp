@@ -5,13 +5,9 @@
 namespace {
 
 using device::input::Key;
+using test::digit;
+using test::pound;
 using Texts = std::vector<std::string>;
-
-const std::string pound = "\xC2\xA3";
-
-Key digit(char c) {
-    return c == '0' ? device::input::KEY_0 : Key(device::input::KEY_1 + (c - '1'));
-}
 
 class TextBoxTest : public test::PlatformTest {
 protected:

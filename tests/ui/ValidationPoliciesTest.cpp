@@ -1,3 +1,5 @@
+#include "Support.hpp"
+
 #include "ui/TextEntry.hpp"
 
 #include <osal/host.hpp>
@@ -6,12 +8,9 @@
 
 namespace {
 
+using test::digit;
 using namespace std::chrono_literals;
 using device::input::Key;
-
-Key digit(char c) {
-    return c == '0' ? device::input::KEY_0 : Key(device::input::KEY_1 + (c - '1'));
-}
 
 // Types the digits one by one and returns the text after each key.
 template <class Policy>

@@ -55,16 +55,14 @@ TEST(CharacterKeyBindingTest, Filters_KeepOnlyTheAllowedClasses_AndNeverHalfACha
         unsigned set;
         std::string kept;
     };
-    const Case cases[] = {
-        {KEY_2, Characters, "ABCabc"},
-        {KEY_2, Numbers, "2"},
-        {KEY_2, Symbols, ""},
-        {KEY_2, Characters | Numbers, "2ABCabc"},
-        {KEY_1, Symbols, "!\"$%^&*()"}, // £ is two bytes of no class
-        {KEY_0, Symbols, "._',/\\|-+@~?<>#=:;[]{}`"},
-        {KEY_0, Characters | Numbers | Symbols, "0._',/\\|-+@~?<>#=:;[]{}`"},
-        {KEY_ENTER, Characters | Numbers | Symbols, ""},
-    };
+    const Case cases[] = {{KEY_2, Characters, "ABCabc"},
+                          {KEY_2, Numbers, "2"},
+                          {KEY_2, Symbols, ""},
+                          {KEY_2, Characters | Numbers, "2ABCabc"},
+                          {KEY_1, Symbols, "!\"$%^&*()"}, // £ is two bytes of no class
+                          {KEY_0, Symbols, "._',/\\|-+@~?<>#=:;[]{}`"},
+                          {KEY_0, Characters | Numbers | Symbols, "0._',/\\|-+@~?<>#=:;[]{}`"},
+                          {KEY_ENTER, Characters | Numbers | Symbols, ""}};
     for (const auto& c : cases)
         EXPECT_EQ(binding.getCharacterSetFromKey(c.key, CharacterSet(c.set)), c.kept)
             << c.key << "/" << c.set;

@@ -2,10 +2,6 @@
 
 #include "ui/TextEntry.hpp"
 
-#include <osal/host.hpp>
-
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::pound;

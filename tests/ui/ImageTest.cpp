@@ -124,4 +124,38 @@ TEST_F(ImageTest, Directory_AcceptsOnlyAnExistingDirectory) {
     }
 }
 
+// Proxies of one path share one image: each keeps its own box, but all draw where the last one
+// placed the picture; a failed load keeps the picture before it.
+TEST_F(ImageTest, ProxiesOfOnePathShareTheImage_AndLoadsTakeThePicturesSize) {
+    const auto drawnAt = [] {
+        std::vector<std::string> out;
+        for (const auto& c : xui_host::trace("CanvasDrawImg"))
+            out.push_back(c.args[1] + "," + c.args[2] + " " + c.args[3] + "x" + c.args[4]);
+        return out;
+    };
+    const std::string small = test::writePng("icon16", 16, 16), large = test::writePng("icon24", 24, 24);
+    ui::ProxyImage first(large, 0, 0, 24, 24), second(large, 100, 4, 20, 20), empty;
+    EXPECT_EQ(first.getX(), 0u);
+    xui_host::clearTrace();
+    for (ui::ProxyImage* proxy : {&first, &second, &empty})
+        proxy->draw(ui::Xui::RootCanvas());
+    EXPECT_EQ(drawnAt(), (std::vector<std::string>{"100,4 20x20", "100,4 20x20"}));
+    EXPECT_EQ(&*first, &*second);
+
+    const std::string other = test::writePng("icon24b", 24, 24);
+    ui::ProxyImage proxy(small, 7, 8, 16, 16);
+    proxy.loadResource(other);
+    EXPECT_EQ(std::vector<unsigned>({proxy.getX(), proxy.getY(), proxy.getWidth(), proxy.getHeight()}),
+              std::vector<unsigned>({7, 8, 24, 24}));
+    EXPECT_THROW(proxy.loadResource("no/such/icon.png"), std::runtime_error);
+    EXPECT_EQ(proxy->getFilename(), other);
+    proxy.loadResource(small, 1, 2, 3, 4);
+    EXPECT_EQ(proxy->getX(), 1u);
+    EXPECT_EQ(proxy->getHeight(), 4u);
+    proxy.setVisible(false);
+    xui_host::clearTrace();
+    proxy.draw(ui::Xui::RootCanvas());
+    EXPECT_TRUE(drawnAt().empty());
+}
+
 } // namespace

@@ -36,15 +36,13 @@ TEST_F(LabelTest, WrapText_BreaksBetweenWords) {
         std::string text;
         unsigned width;
         Lines lines;
-    } cases[] = {
-        {"", 100, {}},
-        {"    ", 100, {}},
-        {"Card payment", exact, {"Card payment"}},
-        {"Card payment", exact - 1, {"Card", "payment"}},
-        {"Insert or tap your card", tap + 5, {"Insert or tap", "your card"}},
-        {"one\ntwo", 1000, {"one\ntwo"}},
-        {"ab c", 0, {"a", "b", "", "c", ""}},
-    };
+    } cases[] = {{"", 100, {}},
+                 {"    ", 100, {}},
+                 {"Card payment", exact, {"Card payment"}},
+                 {"Card payment", exact - 1, {"Card", "payment"}},
+                 {"Insert or tap your card", tap + 5, {"Insert or tap", "your card"}},
+                 {"one\ntwo", 1000, {"one\ntwo"}},
+                 {"ab c", 0, {"a", "b", "", "c", ""}}};
     for (const auto& c : cases)
         EXPECT_EQ(WrapText(c.text, c.width), c.lines) << "\"" << c.text << "\" at " << c.width;
     ui::Label label(0, 0, 100, 60);
@@ -69,84 +67,47 @@ TEST_F(LabelTest, WrapText_WordWiderThanTheLineIsCutLongestPrefixFirst) {
     EXPECT_EQ(joined, word);
 }
 
-TEST_F(LabelTest, SetText_HeightIsLinesTimesTwenty_WhateverTheFontSize) {
-    ui::Label label(0, 0, width("Card") + 2, 0);
-    label.setFontSize(30);
-    label.setText("Card Card Card");
-    EXPECT_EQ(label.getHeight(), 60u);
-    EXPECT_EQ(label.getText(), "CardCardCard"); // the break spaces are gone
-}
-
-TEST_F(LabelTest, SetWidth_DoesNotRewrap) {
-    ui::Label label(0, 0, width("Card") + 2, 0);
-    label.setText("Card Card");
-    label.setWidth(1000);
-    label.setHeight(40);
-    EXPECT_EQ(drawn(label).size(), 2u);
-}
-
-TEST_F(LabelTest, Draw_OnlyLinesThatFit_CentredVertically) {
+// Twenty pixels a line whatever the font size; only whole lines are drawn, centred in the box
+// unless told otherwise; right alignment keeps two pixels in and wraps around unsigned (geometry
+// is 32-bit on the terminal and on this PC alike); a resize does not re-wrap.
+TEST_F(LabelTest, Draw_OnlyLinesThatFit_PlacedByTheAlignments) {
+    const auto placed = [&](ui::Label& label) {
+        Lines out;
+        for (const auto& c : drawn(label))
+            out.push_back(c.args[1] + " " + c.args[2] + " " + c.args[3] + " " + c.args[6] + " " + c.args[7]);
+        return out;
+    };
     ui::Label label(10, 100, width("word") + 1, 0);
-    label.setText("word word word word word");
+    label.setFontSize(30);
+    label.setText("word word word");
+    EXPECT_EQ(label.getHeight(), 60u);
+    EXPECT_EQ(label.getText(), "wordwordword"); // the break spaces are gone
+    label.setFontSize(20);
     label.setHeight(50);
-    auto calls = drawn(label);
-    ASSERT_EQ(calls.size(), 2u);
-    const std::string c = xui_host::nameOf(canvas());
-    const std::string font = xui_host::nameOf(ui::fonts::getFont());
-    EXPECT_EQ(calls[0].str(),
-              "CanvasDrawText(" + c + ", 10, 105, 20, " + font + ", 0, 0xffeceff1, \"word\")");
-    EXPECT_EQ(calls[1].args[2], "125");
+    label.setWidth(1000);
+    EXPECT_EQ(drawn(label)[0].str(), "CanvasDrawText(" + xui_host::nameOf(canvas()) + ", 10, 105, 20, " +
+                                         xui_host::nameOf(ui::fonts::getFont()) +
+                                         ", 0, 0xffeceff1, \"word\")");
+    EXPECT_EQ(placed(label), (Lines{"10 105 20 0xffeceff1 \"word\"", "10 125 20 0xffeceff1 \"word\""}));
     label.verticalAlignment(false);
-    EXPECT_EQ(drawn(label)[0].args[2], "100");
-}
-
-TEST_F(LabelTest, Draw_AlignsRightTwoPixelsIn_AndCentresByHalves) {
-    ui::Label label(7, 0, 101, 20);
-    label.setText("Total");
-    const unsigned w = width("Total");
-    label.setAlignment(ui::utils::Right);
-    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(7 + 101 - 2 - w));
-    label.setAlignment(ui::utils::Centre);
-    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(7 + 101 / 2 - w / 2));
-    label.setAlignment(ui::utils::Origin(3)); // meaningless horizontally: left
-    EXPECT_EQ(drawn(label)[0].args[1], "7");
-}
-
-// Geometry is 32-bit unsigned on the terminal and on this PC alike: it wraps at 2^32, never at
-// the width of size_t or long.
-TEST_F(LabelTest, Draw_RightAlignedOverflowWrapsAroundUnsigned) {
-    ui::Label label(0, 0, 1000, 20);
-    label.setText("A rather long line of text");
-    label.setWidth(10);
-    label.setAlignment(ui::utils::Right);
-    const uint64_t expected = (uint64_t(1) << 32) + 10 - 2 - width("A rather long line of text");
-    EXPECT_EQ(drawn(label)[0].args[1], std::to_string(expected));
-}
-
-TEST_F(LabelTest, Draw_UsesItsFontSizeAndColour_NothingWhenHidden) {
-    ui::Label label(0, 0, 200, 0);
-    label.setText("Hi");
-    label.setHeight(40);
-    label.setFontSize(40);
     label.setColor(0x12345678u);
-    auto calls = drawn(label);
-    ASSERT_EQ(calls.size(), 1u);
-    EXPECT_EQ(calls[0].args[3], "40");
-    EXPECT_EQ(calls[0].args[6], "0xff123456");
-    label.setVisible(false);
-    EXPECT_TRUE(drawn(label).empty());
-}
+    label.setFontSize(40);
+    EXPECT_EQ(placed(label).at(0), "10 100 40 0xff123456 \"word\"");
 
-TEST_F(LabelTest, Draw_PaintsInkInsideItsBox) {
-    ui::Label label(20, 30, 200, 0);
-    label.setText("Approved");
-    label.draw(canvas());
-    test::Box ink = test::inkBox(xui_host::canvas(canvas()), 0xFFFFFFFF);
-    ASSERT_FALSE(ink.empty());
-    EXPECT_GE(ink.x0, 20);
-    EXPECT_LE(ink.x1, int(20 + width("Approved")));
-    EXPECT_GE(ink.y0, 30);
-    EXPECT_LT(ink.y1, 50);
+    const unsigned w = width("Total");
+    ui::Label total(7, 0, 101, 20);
+    total.setText("Total");
+    total.setAlignment(ui::utils::Right);
+    EXPECT_EQ(drawn(total)[0].args[1], std::to_string(7 + 101 - 2 - w));
+    total.setAlignment(ui::utils::Centre);
+    EXPECT_EQ(drawn(total)[0].args[1], std::to_string(7 + 101 / 2 - w / 2));
+    total.setAlignment(ui::utils::Origin(3)); // meaningless horizontally: left
+    EXPECT_EQ(drawn(total)[0].args[1], "7");
+    total.setWidth(10);
+    total.setAlignment(ui::utils::Right);
+    EXPECT_EQ(drawn(total)[0].args[1], std::to_string((uint64_t(1) << 32) + 7 + 10 - 2 - w));
+    total.setVisible(false);
+    EXPECT_TRUE(drawn(total).empty());
 }
 
 TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
@@ -185,10 +146,6 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     EXPECT_EQ(looks(target), sale);
     EXPECT_EQ(moved.getText(), "X"); // swapped
 }
-
-} // namespace
-
-namespace {
 
 // A decline turns a label red and a key moves a list's focus while the rendering thread draws
 // them: ThreadSanitizer reports any of these fields read and written unguarded.

@@ -14,29 +14,20 @@ public:
     int asked = 0;
 };
 
+// A container asks every child to draw, hidden ones too (visibility is the child's own
+// business), and skips null ones; the free update draws only a real widget.
 TEST(IContainer, DrawWidgets_SkipsNullChildren_AndAsksHiddenOnesToo) {
     app::Screen screen(0, 0, 320, 216);
-    auto first = std::make_shared<Probe>(1, 1);
-    auto hidden = std::make_shared<Probe>(1, 1);
-    auto last = std::make_shared<Probe>(1, 1);
+    auto first = std::make_shared<Probe>(1, 1), hidden = std::make_shared<Probe>(1, 1);
     hidden->setVisible(false);
-    screen.add(first);
-    screen.add(nullptr);
-    screen.add(hidden);
-    screen.add(last);
+    for (const auto& child : {first, std::shared_ptr<Probe>(), hidden})
+        screen.add(child);
     screen.draw(nullptr);
-    EXPECT_EQ(first->asked, 1);
-    EXPECT_EQ(hidden->asked, 1); // visibility is the child's own business
-    EXPECT_EQ(last->asked, 1);
-    app::Screen empty(0, 0, 320, 216);
-    empty.draw(nullptr); // nothing to do, nothing to break
-}
-
-TEST(WidgetDetail, Update_DrawsOnlyARealWidget) {
-    Probe p(1, 1);
+    EXPECT_EQ(std::make_pair(first->asked, hidden->asked), std::make_pair(1, 1));
+    app::Screen(0, 0, 320, 216).draw(nullptr); // nothing to do, nothing to break
     EXPECT_FALSE(ui::detail::update(nullptr, nullptr));
-    EXPECT_TRUE(ui::detail::update(nullptr, &p));
-    EXPECT_EQ(p.asked, 1);
+    EXPECT_TRUE(ui::detail::update(nullptr, first.get()));
+    EXPECT_EQ(first->asked, 2);
     EXPECT_EQ(ui::detail::CalculateMainViewYPosition(10, 30), 30u);
 }
 

@@ -20,36 +20,33 @@ protected:
     using Lines = std::vector<std::string>;
 };
 
-TEST_F(WrappableLabelTest, HeightBudget_FiftyPixelsHoldTwoLines) {
-    const unsigned w = std::max(width("Please insert"), width("your card now")) + 1;
-    ui::WrappableLabel label(0, 10, w, 50, Origin::Left, Origin::Top);
-    label.wrapText("Please insert your card now thank you");
-    EXPECT_EQ(lines(label), (Lines{"10:Please insert", "30:your card now"}));
-    ui::WrappableLabel low(0, 0, 300, 19, Origin::Left, Origin::Top);
-    low.wrapText("Nothing fits");
-    EXPECT_TRUE(lines(low).empty());
-}
-
-TEST_F(WrappableLabelTest, VerticalPlacement_TopCentreBottom) {
-    ui::WrappableLabel centre(0, 100, 300, 100, Origin::Left, Origin::Centre);
-    centre.wrapText("Approved");
-    EXPECT_EQ(lines(centre), (Lines{"140:Approved"})); // (100 - 20) / 2
-    ui::WrappableLabel bottom(0, 100, 300, 100, Origin::Left, Origin::Bottom);
-    bottom.wrapText("Approved");
-    EXPECT_EQ(lines(bottom), (Lines{"180:Approved"}));
-    ui::WrappableLabel top(0, 100, 300, 100, Origin::Left, Origin(7)); // anything else: top
-    top.wrapText("Approved");
-    EXPECT_EQ(lines(top), (Lines{"100:Approved"}));
-    ui::WrappableLabel twoLines(0, 0, width("Remove"), 100, Origin::Left, Origin::Centre);
-    twoLines.wrapText("Remove card");
-    EXPECT_EQ(lines(twoLines), (Lines{"30:Remove", "50:card"}));
-}
-
-TEST_F(WrappableLabelTest, ALineExactlyFullCountsOneLineAhead) {
-    // Ending on an exactly full line leaves used one line ahead: bottom placement sits higher.
-    ui::WrappableLabel label(0, 0, width("Approved"), 100, Origin::Left, Origin::Bottom);
-    label.wrapText("Approved");
-    EXPECT_EQ(lines(label), (Lines{"60:Approved"}));
+// Lines of 20 pixels while they fit the height, placed at the top, centre or bottom (anything
+// else is the top). Ending on an exactly full line leaves the height used one line ahead: bottom
+// placement sits a line higher.
+TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
+    const unsigned two = std::max(width("Please insert"), width("your card now")) + 1;
+    const struct {
+        unsigned y, width, height;
+        Origin vertical;
+        std::string text;
+        Lines shown;
+    } cases[] = {{10,
+                  two,
+                  50,
+                  Origin::Top,
+                  "Please insert your card now thank you",
+                  {"10:Please insert", "30:your card now"}},
+                 {0, 300, 19, Origin::Top, "Nothing fits", {}},
+                 {100, 300, 100, Origin::Centre, "Approved", {"140:Approved"}},
+                 {100, 300, 100, Origin::Bottom, "Approved", {"180:Approved"}},
+                 {100, 300, 100, Origin(7), "Approved", {"100:Approved"}},
+                 {0, width("Remove"), 100, Origin::Centre, "Remove card", {"30:Remove", "50:card"}},
+                 {0, width("Approved"), 100, Origin::Bottom, "Approved", {"60:Approved"}}};
+    for (const auto& c : cases) {
+        ui::WrappableLabel label(0, c.y, c.width, c.height, Origin::Left, c.vertical);
+        label.wrapText(c.text);
+        EXPECT_EQ(lines(label), c.shown) << c.text << " in " << c.width << " x " << c.height;
+    }
 }
 
 TEST_F(WrappableLabelTest, Moves_KeepTheLayout) {

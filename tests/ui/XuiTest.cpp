@@ -26,14 +26,10 @@ TEST_F(XuiWrapper, Fonts_GetFontCreatesOnce_LoadFontEveryTime) {
     EXPECT_EQ(calls("CreateFont").back(), "CreateFont(\"./res/Carlito-Regular.ttf\", 0, 0)");
 }
 
-TEST_F(XuiWrapper, Colours_BecomeOpaqueXuiColours) {
+// Colours are opaque RGB on the terminal; text is measured at 20 pixels unless told otherwise.
+TEST_F(XuiWrapper, ColoursBecomeOpaque_AndTextWidthDefaultsToTwentyPixels) {
     EXPECT_EQ(ui::fonts::intToXuiColor(0x11223344u), 0xFF112233u);
-    EXPECT_EQ(ui::fonts::intToXuiColor(0u), 0xFF000000u);
     EXPECT_EQ(ui::fonts::intToXuiColor(0xFFFFFF00u), 0xFFFFFFFFu);
-}
-
-TEST_F(XuiWrapper, TextWidth_DefaultsToTwentyPixels) {
-    EXPECT_EQ(ui::fonts::getFontSize(), 20u);
     EXPECT_EQ(ui::fonts::GetTextWidth("Payment"), ui::fonts::GetTextWidth("Payment", 20));
     EXPECT_GT(ui::fonts::GetTextWidth("Payment", 40), ui::fonts::GetTextWidth("Payment"));
 }
@@ -51,10 +47,6 @@ TEST_F(XuiWrapper, Calls_AreSerialisedButGetKeyIsNot) {
     xui_host::pushKey('5');
     reader.join();
 }
-
-} // namespace
-
-namespace {
 
 // In a process of its own (the font is cached for the process), started where there is no
 // ./res: every text path keeps working, measures nothing, and the missing font is logged once.

@@ -10,7 +10,6 @@ namespace xui_impl {
 namespace {
 
 constexpr unsigned kMinDelayMs = 20; // browsers treat shorter delays as "as fast as possible"
-constexpr uint64_t kMaxPixels = 16ull * 1024 * 1024;
 
 struct GifCloser {
     void operator()(GifFileType* gif) const {

@@ -9,11 +9,6 @@
 namespace xui_impl {
 namespace {
 
-// Refuses pictures whose pixels would not fit in memory sensibly (a corrupt header, or a
-// small file that inflates enormously, can claim billions of pixels). 16 M pixels is far more
-// than any terminal screen; the header is checked before anything is inflated.
-constexpr uint64_t kMaxPixels = 16ull * 1024 * 1024;
-
 std::unique_ptr<Image> finish(png_image& png) {
     png.format = PNG_FORMAT_RGBA;
     if (uint64_t(png.width) * png.height > kMaxPixels || png.width == 0 || png.height == 0) {

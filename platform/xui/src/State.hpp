@@ -18,6 +18,11 @@ struct _XuiFont {};
 
 namespace xui_impl {
 
+// Refuses pictures whose pixels would not fit in memory sensibly (a corrupt header, or a small
+// file that inflates enormously, can claim billions of pixels). 16 M pixels is far more than any
+// terminal screen; a decoder checks the header before anything is inflated.
+constexpr uint64_t kMaxPixels = 16ull * 1024 * 1024;
+
 using Clock = std::chrono::steady_clock;
 
 struct Image : _XuiImg {

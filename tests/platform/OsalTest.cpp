@@ -1,13 +1,10 @@
 // The platform-support stand-in: the behaviours the library builds on.
 #include "Support.hpp"
 
-#include <osal/date_time.hpp>
-#include <osal/device.hpp>
 #include <osal/event.hpp>
 #include <osal/input.hpp>
 #include <osal/localization.hpp>
 #include <osal/strings.hpp>
-#include <osal/timer.hpp>
 
 #include <boost/exception/exception.hpp>
 
@@ -100,18 +97,6 @@ TEST_F(Osal, Event_KeepsOneNotification_AndTimesOut) {
     std::thread t([&] { event.notify_one(); });
     event.wait(lock);
     t.join();
-}
-
-TEST_F(Osal, VirtualTime_DrivesTimersAndSleep) {
-    osal::host::useVirtualTime(true);
-    Timer timer;
-    EXPECT_EQ(timer.elapsed(), 0);
-    osal::host::advanceTime(std::chrono::milliseconds(749));
-    EXPECT_EQ(timer.elapsed(), 749);
-    device::sleep(1);
-    EXPECT_EQ(timer.elapsed(), 750);
-    timer.restart();
-    EXPECT_EQ(timer.elapsed(), 0);
 }
 
 } // namespace

@@ -48,17 +48,6 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 }
 
-TEST_F(GIFTest, FramesFollowTheAnimationClock) {
-    ui::GIF gif(kAnimation, 0, 0, 120, 90);
-    xui_host::pinAnimationTime(std::chrono::milliseconds(0));
-    const auto first = region(0, 0, 120, 90);
-    xui_host::pinAnimationTime(std::chrono::milliseconds(500));
-    const auto later = region(0, 0, 120, 90);
-    EXPECT_NE(first.argb, later.argb);
-    xui_host::pinAnimationTime(std::chrono::milliseconds(119));
-    EXPECT_EQ(region(0, 0, 120, 90).argb, first.argb); // each frame stays 120 ms
-}
-
 TEST_F(GIFTest, MissingOrBrokenFilesAreHarmless) {
     const std::string broken = test::tempPath("broken.gif");
     std::ofstream(broken) << "GIF89a but nothing more";

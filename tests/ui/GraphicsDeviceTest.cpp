@@ -221,15 +221,6 @@ TEST_F(GraphicsDeviceTest, Destruction_StopsTheThreadAndClosesXui) {
     EXPECT_FALSE(XuiIsRunning());
 }
 
-TEST_F(GraphicsDeviceTest, ClosedDisplay_ReportsZeroSize) {
-    device.reset();
-    XuiClose();
-    ui::GraphicsDevice reused(GraphicsDeviceParams{0, 24});
-    XuiClose(); // someone else closed it
-    EXPECT_EQ(reused.getScreenWidth(), 0u);
-    EXPECT_EQ(reused.getScreenHeight(), 0u);
-}
-
 // Every operation of a device that has nothing to draw into: it must neither crash nor draw.
 void exerciseEveryOperation(ui::GraphicsDevice& device) {
     auto window = std::make_shared<ui::Window>(320, 216);

@@ -129,6 +129,7 @@ TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
     EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"\"09:05\"", "\"07/03/2025\""}));
     osal::host::pinClock(k0905on7March2025 - 9 * 3600 - 5 * 60); // midnight
     EXPECT_EQ(drawnTexts(clock)[0], "\"00:00\"");
+    EXPECT_EQ(format(2025) + format(-5), "20250-5"); // two digits at least, a sign counted as one
     // Past 2038 the seconds no longer fit the terminal's 32-bit long (nor its time_t).
     osal::host::pinClock(2214172740); // 2040-02-29 23:59
     EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"\"23:59\"", "\"29/02/2040\""}));
@@ -144,16 +145,6 @@ TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
     const auto calls = test::drawCalls(clock, "CanvasDrawText");
     ASSERT_EQ(calls.size(), 2u);
     EXPECT_EQ(calls[0].args[1], std::to_string(150 + 48 - ui::fonts::GetTextWidth("09:05") / 2));
-}
-
-TEST_F(HeaderTest, Format_PadsToTwoDigits) {
-    EXPECT_EQ(format(0), "00");
-    EXPECT_EQ(format(9), "09");
-    EXPECT_EQ(format(10), "10");
-    EXPECT_EQ(format(2025), "2025");
-    EXPECT_EQ(format(-5), "0-5");
-    EXPECT_EQ(getTimeAsString(9, 5), "09:05");
-    EXPECT_EQ(ui::getDateAsString(7, 3, 2025), "07/03/2025");
 }
 
 // The whole status header, as a person sees it.

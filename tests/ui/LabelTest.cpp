@@ -51,22 +51,6 @@ TEST_F(LabelTest, WrapText_BreaksBetweenWords) {
     EXPECT_TRUE(drawn(label).empty());
 }
 
-TEST_F(LabelTest, WrapText_WordWiderThanTheLineIsCutLongestPrefixFirst) {
-    const std::string word = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-    const unsigned w = width(word) / 3;
-    Lines lines = WrapText(word, w);
-    ASSERT_GE(lines.size(), 3u);
-    std::string joined;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        joined += lines[i];
-        EXPECT_LE(width(lines[i]), w) << lines[i];
-        if (i + 1 < lines.size()) { // as long as fits: one more character would not
-            EXPECT_GT(width(lines[i] + lines[i + 1][0]), w) << lines[i];
-        }
-    }
-    EXPECT_EQ(joined, word);
-}
-
 // Twenty pixels a line whatever the font size; only whole lines are drawn, centred in the box
 // unless told otherwise; right alignment keeps two pixels in and wraps around unsigned (geometry
 // is 32-bit on the terminal and on this PC alike); a resize does not re-wrap.

@@ -125,18 +125,6 @@ TEST_F(ListBoxTest, TenItemsInAHundredPixels_ScrollDownAndWrapUp) {
     EXPECT_EQ(rows(wrapped), (Rows{"9", "0*", "1", "2"}));
 }
 
-TEST_F(ListBoxTest, RowsArePlacedAtThePitchWithTheListsWidth) {
-    ui::ListBox list(10, 30, 200, 100, makeItems(3));
-    list.draw(ui::Xui::RootCanvas());
-    auto texts = xui_host::trace("CanvasDrawText");
-    ASSERT_EQ(texts.size(), 3u);
-    EXPECT_EQ(texts[0].args[1], "10");
-    EXPECT_EQ(texts[0].args[2], "30");
-    EXPECT_EQ(texts[1].args[2], "55");
-    EXPECT_EQ(texts[2].args[2], "80");
-    EXPECT_EQ(calls("CanvasDrawRect")[0], "CanvasDrawRect(root, 10, 30, 200, 20, 0xff4fc3f7, 1, 1)");
-}
-
 // Disabled items are skipped both ways, round the ends; with every item disabled nothing moves.
 // A short list draws only its items, an empty one or one without room for a row nothing.
 TEST_F(ListBoxTest, DisabledItemsAreSkippedBothWays_AndShortListsDrawWhatTheyHave) {

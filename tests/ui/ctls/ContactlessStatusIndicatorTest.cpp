@@ -256,17 +256,6 @@ TEST_F(ContactlessTest, SoundTone_PlaysOnTheCallersThread) {
     EXPECT_EQ(beeps[0].frequencyHz, 1500u);
     EXPECT_EQ(beeps[1].frequencyHz, 750u);
     EXPECT_EQ(beeps[2].atMs - beeps[1].atMs, 400);
-
-    CtlsStatusIndicatorConfiguration silent;
-    silent.alertToneEnabled = false;
-    silent.alertToneCount = 5;
-    ui::ContactlessStatusIndicator quiet(0, 0, 100, 24);
-    quiet.initialize(silent, nullptr);
-    osal::host::clearBeeps();
-    quiet.soundTone(ui::Tone::AlertTone);
-    EXPECT_TRUE(osal::host::beeps().empty());
-    quiet.soundTone(ui::Tone::SuccessTone);
-    EXPECT_EQ(osal::host::beeps().size(), 1u);
 }
 
 class MockGraphics : public ui::IGraphics {

@@ -5,6 +5,7 @@
 #include <osal/host.hpp>
 #include <xui_host.hpp>
 
+#include "ui/GraphicsDevice.hpp"
 #include "ui/IGraphics.hpp"
 #include "ui/Image.hpp"
 #include "ui/Widget.hpp"
@@ -13,14 +14,12 @@
 #include <ui/kit/Pixels.hpp>
 #include <ui/kit/Platform.hpp>
 #include <ui/kit/Terminal.hpp>
+#include <ui/kit/Widgets.hpp>
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <condition_variable>
 #include <dirent.h>
 #include <functional>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <unistd.h>
@@ -68,6 +67,25 @@ protected:
     std::unique_ptr<ui::kit::Platform> platform;
 };
 
+// A graphics device of its own on a fresh platform (320 x 240 with a status bar of statusbar
+// pixels), its rendering thread stopped before the platform goes.
+class DeviceTest : public PlatformTest {
+protected:
+    explicit DeviceTest(int statusbar = 24) : statusbar_(statusbar) { openDisplay = false; }
+    void SetUp() override {
+        PlatformTest::SetUp();
+        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, statusbar_});
+    }
+    void TearDown() override {
+        device.reset();
+        PlatformTest::TearDown();
+    }
+    std::unique_ptr<ui::GraphicsDevice> device;
+
+private:
+    int statusbar_;
+};
+
 // For tests of pictures: the process-wide image cache starts and ends empty.
 class ImageCacheTest : public PlatformTest {
 protected:
@@ -81,59 +99,8 @@ protected:
     }
 };
 
-// A screen that records what happens to it. Hooks run on the thread that draws or reads keys.
-class View : public app::Screen {
-public:
-    View() : Screen(0, 0, 320, 216) {}
-
-    void draw(_XuiWindow* canvas) override {
-        if (onDraw)
-            onDraw(canvas);
-        drawWidgets(canvas);
-        ++draws;
-    }
-    // The keypad reports "no key" when its wait runs out; a view ignores it.
-    void handleKeyPress(const device::input::Key& key) override {
-        if (key == device::input::KEY_NONE)
-            return;
-        {
-            std::lock_guard<std::mutex> lock(mutex);
-            keys.push_back(key);
-            keyThread = std::this_thread::get_id();
-        }
-        if (onKey)
-            onKey(key);
-        keyArrived.notify_all();
-    }
-
-    bool waitForKeys(size_t count) {
-        std::unique_lock<std::mutex> lock(mutex);
-        return keyArrived.wait_for(lock, std::chrono::seconds(5), [&] { return keys.size() >= count; });
-    }
-    std::vector<device::input::Key> receivedKeys() {
-        std::lock_guard<std::mutex> lock(mutex);
-        return keys;
-    }
-
-    std::atomic<int> draws{0};
-    std::function<void(_XuiWindow*)> onDraw;
-    std::function<void(device::input::Key)> onKey;
-    std::thread::id keyThread;
-
-private:
-    std::mutex mutex;
-    std::condition_variable keyArrived;
-    std::vector<device::input::Key> keys;
-};
-
-// Draws the widget (onto the root canvas unless told otherwise) and returns the calls it made
-// of one function; an empty name returns every call.
-inline std::vector<xui_host::Call> drawCalls(ui::Widget& widget, const std::string& function = "",
-                                             XuiWindow* canvas = nullptr) {
-    xui_host::clearTrace();
-    widget.draw(canvas ? canvas : XuiRootCanvas());
-    return function.empty() ? xui_host::trace() : xui_host::trace(function);
-}
+using View = ui::kit::RecordingScreen;
+using ui::kit::drawCalls;
 
 // The texts of the CanvasDrawText calls among calls, unquoted, in order.
 inline std::vector<std::string> texts(const std::vector<xui_host::Call>& calls) {

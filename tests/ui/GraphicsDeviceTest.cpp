@@ -10,18 +10,11 @@ namespace {
 
 using std::chrono::seconds;
 
-class GraphicsDeviceTest : public test::PlatformTest {
+class GraphicsDeviceTest : public test::DeviceTest {
 protected:
-    GraphicsDeviceTest() { openDisplay = false; }
-
     void SetUp() override {
-        PlatformTest::SetUp();
-        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 24});
+        DeviceTest::SetUp();
         xui_host::clearTrace();
-    }
-    void TearDown() override {
-        device.reset();
-        PlatformTest::TearDown();
     }
 
     std::shared_ptr<ui::Window> withWindow() {
@@ -36,8 +29,6 @@ protected:
         ASSERT_TRUE(xui_host::waitForFrames(frames + 1, seconds(5)));
         device->waitForDraw();
     }
-
-    std::unique_ptr<ui::GraphicsDevice> device;
 };
 
 TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {

@@ -1,6 +1,5 @@
 #include "Support.hpp"
 
-#include "ui/GraphicsDevice.hpp"
 #include "ui/Label.hpp"
 #include "ui/Xui.hpp"
 
@@ -79,18 +78,13 @@ TEST_F(ProxyLabelTest, CopiesTakeTheSourceBox_AssignmentsOnlyTheInnerLabel) {
     EXPECT_EQ(calls[0].args[6], "0xffff0000");
 }
 
-class TitleTest : public ProxyLabelTest {
+class TitleTest : public test::DeviceTest {
 protected:
-    TitleTest() { openDisplay = false; }
     void SetUp() override {
-        ProxyLabelTest::SetUp();
-        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 24});
+        DeviceTest::SetUp();
+        osal::host::clearStrings();
+        osal::host::setString(1, "Welcome");
     }
-    void TearDown() override {
-        device.reset();
-        ProxyLabelTest::TearDown();
-    }
-    std::unique_ptr<ui::GraphicsDevice> device;
 };
 
 TEST_F(TitleTest, TheBandRunsToTheScreensFullWidthFromItsX_ThenCaptionThenWidget) {

@@ -105,31 +105,12 @@ unsigned madeUpWidth(const char* text, bool dropCutEnd) {
 
 // Text built to hit every path: words of every kind of byte, runs of spaces, long words.
 std::string randomText(std::mt19937& rng) {
-    static const std::vector<std::string> pieces = {"a",
-                                                    "W",
-                                                    "i",
-                                                    "m",
-                                                    "0",
-                                                    "7",
-                                                    ".",
-                                                    "-",
-                                                    "\n",
-                                                    "\t",
-                                                    "\xC3\xA9",
-                                                    "\xC3\xBC",
-                                                    "\xE2\x82\xAC",
-                                                    "\xE4\xB8\xAD",
-                                                    "\xF0\x9F\x92\xB3",
-                                                    "\xC3",
-                                                    "\xE2\x82",
-                                                    "\xF0\x9F\x92",
-                                                    "\x80",
-                                                    "\xBF",
-                                                    "\xC0",
-                                                    "\xC1",
-                                                    "\xF5",
-                                                    "\xFF",
-                                                    "\xED\xA0\x80"};
+    // The first five are plain letters and digits; then controls, whole characters of two, three and
+    // four bytes, sequences cut short, bytes outside any character, and a surrogate.
+    static const std::vector<std::string> pieces = splitOnDelimeters(
+        "a W i m 0 7 . - \n \t \xC3\xA9 \xC3\xBC \xE2\x82\xAC \xE4\xB8\xAD \xF0\x9F\x92\xB3 \xC3 \xE2\x82 "
+        "\xF0\x9F\x92 \x80 \xBF \xC0 \xC1 \xF5 \xFF \xED\xA0\x80",
+        " ");
     std::uniform_int_distribution<int> words(0, 6), kind(0, 9), piece(0, int(pieces.size()) - 1), space(1, 3);
     std::string text;
     const int count = words(rng);

@@ -1,6 +1,5 @@
 #include "Support.hpp"
 
-#include "ui/GraphicsDevice.hpp"
 #include "ui/Label.hpp"
 #include "ui/Xui.hpp"
 
@@ -26,18 +25,9 @@ TEST(TextLayoutTest, SplitLine_BreaksAtTheLastSpaceOrCutsHard) {
     EXPECT_EQ(ui::splitLine("abc", 0), (Lines{""})); // no budget: nothing to cut by, and it ends
 }
 
-class TextLayoutOnScreenTest : public test::PlatformTest {
+class TextLayoutOnScreenTest : public test::DeviceTest {
 protected:
-    TextLayoutOnScreenTest() { openDisplay = false; }
-    void SetUp() override {
-        PlatformTest::SetUp();
-        device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 0}); // 320 x 240
-    }
-    void TearDown() override {
-        device.reset();
-        PlatformTest::TearDown();
-    }
-
+    TextLayoutOnScreenTest() : DeviceTest(0) {} // 320 x 240
     struct Placed {
         unsigned y;
         std::string text;
@@ -49,8 +39,6 @@ protected:
             out.push_back({w->getY(), static_cast<ui::Label&>(*w).getText()});
         return out;
     }
-
-    std::unique_ptr<ui::GraphicsDevice> device;
 };
 
 TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {

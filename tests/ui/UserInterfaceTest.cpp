@@ -23,11 +23,9 @@ TEST_F(UserInterfaceTest, StartsAndStopsInOrder_LeavingNoThread) {
         ui::UserInterface ui(GraphicsDeviceParams{0, 24});
         EXPECT_TRUE(
             test::eventually([&] { return test::threadCount() == threads + 1; })); // the rendering thread
-        auto size = ui.screenSize();
-        EXPECT_EQ(size.x, 0u);
-        EXPECT_EQ(size.y, 0u);
-        EXPECT_EQ(size.width, 320u);
-        EXPECT_EQ(size.height, 216u);
+        const auto size = ui.screenSize();
+        EXPECT_EQ(std::vector<unsigned>({size.x, size.y, size.width, size.height}),
+                  std::vector<unsigned>({0, 0, 320, 216}));
 
         ui.initialize();
         EXPECT_TRUE(

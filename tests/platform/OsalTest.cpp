@@ -1,7 +1,6 @@
 // The platform-support stand-in: the behaviours the library builds on.
 #include "Support.hpp"
 
-#include <osal/event.hpp>
 #include <osal/input.hpp>
 #include <osal/localization.hpp>
 #include <osal/strings.hpp>
@@ -9,7 +8,6 @@
 #include <boost/exception/exception.hpp>
 
 #include <fstream>
-#include <thread>
 
 namespace {
 
@@ -83,20 +81,6 @@ TEST_F(Osal, LogWritesOnlyAdmittedLevels_AndExceptionsWithSourceLineAndWhat) {
     EXPECT_EQ(reports[1].what, "boom");
     EXPECT_EQ(reports[2].source, "Boost");
     EXPECT_EQ(log().size(), 4u); // an exception is logged at error level
-}
-
-TEST_F(Osal, Event_KeepsOneNotification_AndTimesOut) {
-    AutomaticResetEvent<> event;
-    std::mutex m;
-    std::unique_lock<std::mutex> lock(m);
-    event.notify_one();
-    event.notify_one();
-    event.wait(lock); // the kept notification
-    EXPECT_TRUE(lock.owns_lock());
-    EXPECT_FALSE(event.wait_for(lock, std::chrono::milliseconds(5))); // collapsed into one
-    std::thread t([&] { event.notify_one(); });
-    event.wait(lock);
-    t.join();
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <thread>
 
 namespace {
 
@@ -31,18 +30,6 @@ protected:
     }
     std::string tempPath(const std::string& name) { return test::tempPath(name + ".png"); }
 };
-
-TEST_F(XuiRenderer, ClearArea_RestoresTheBackground) {
-    XuiWindow* c = whiteCanvas(0, 0, 30, 30);
-    XuiCanvasDrawRect(c, 0, 0, 30, 30, kRed, 0, 1);
-    XuiClearArea(c, 10, 10, 5, 5);
-    auto p = xui_host::canvas(c);
-    EXPECT_EQ(p.at(12, 12), kWhite);
-    EXPECT_EQ(p.at(9, 9), kRed);
-    EXPECT_EQ(test::countColour(p, kWhite), 25u);
-    XuiClearArea(c, 0, 0, 1000, 1000); // larger than the canvas: clipped
-    EXPECT_EQ(test::countColour(xui_host::canvas(c), kWhite), 900u);
-}
 
 TEST_F(XuiRenderer, Open_RotationSwapsThePanelSides) {
     XuiClose();
@@ -96,24 +83,6 @@ TEST_F(XuiRenderer, Png_RoundTrips_AndBrokenFilesLoadAsNull) {
     }
     EXPECT_EQ(XuiImgLoadFromFile(path.c_str()), nullptr);
     std::remove(path.c_str());
-}
-
-TEST_F(XuiRenderer, Keys_ComeInOrder_AndGetKeyReturnsAtOnceWhenClosed) {
-    xui_host::pushKey('1');
-    xui_host::pushKey(XUI_KEY_ENTER);
-    EXPECT_EQ(XuiHasKey(), 1);
-    EXPECT_EQ(XuiGetKey(), '1');
-    EXPECT_EQ(XuiGetKey(), XUI_KEY_ENTER);
-    EXPECT_EQ(XuiHasKey(), 0);
-
-    xui_host::setKeyWaitLimit(std::chrono::milliseconds(0)); // wait for ever
-    std::thread closer([] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        XuiClose();
-    });
-    EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
-    closer.join();
-    EXPECT_EQ(XuiGetKey(), XUI_KEY_NONE);
 }
 
 // A PNG that is all header: its IHDR claims width x height, and no pixel data follows.

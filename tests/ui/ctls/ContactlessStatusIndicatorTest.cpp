@@ -279,13 +279,4 @@ TEST_F(ContactlessTest, DestroyingTheIndicatorReturnsPromptlyInEveryState) {
     }
 }
 
-TEST_F(ContactlessTest, TeardownWithTheIndicatorRunning_LeavesNoThread) {
-    const int threads = test::settledThreadCount();
-    enable();
-    set(State::Idle);
-    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads + 1; }));
-    ui_.reset();
-    EXPECT_TRUE(test::eventually([&] { return test::threadCount() == threads - 2; }));
-}
-
 } // namespace

@@ -18,60 +18,6 @@ using Lines = std::vector<std::string>;
 using test::Measure;
 using test::referenceWrapText;
 
-// The wrappable label's breaking as first written: the lines it makes, and the height used.
-struct Block {
-    Lines lines;
-    unsigned used = 0;
-};
-Block referenceBlock(const std::string& text, unsigned width, unsigned height) {
-    const auto measure = [](const std::string& s) { return ui::fonts::GetTextWidth(s.c_str()); };
-    std::vector<std::string> words = splitOnDelimeters(text, " ");
-    Block block;
-    block.used = 20;
-    if (words.empty())
-        return block;
-    std::size_t cursor = 0;
-    std::string current = words[0];
-    while (block.used <= height) {
-        unsigned measured = 0;
-        while (cursor < words.size()) {
-            measured = measure(current);
-            if (measured >= width)
-                break;
-            if (cursor + 1 == words.size())
-                block.lines.push_back(trim(current, " "));
-            else
-                current += " " + words[cursor + 1];
-            ++cursor;
-        }
-        if (cursor >= words.size())
-            break;
-        if (measured > width) {
-            std::size_t cut = 0;
-            const auto space = current.rfind(' ');
-            if (space != std::string::npos) {
-                cut = space + 1;
-            } else {
-                for (std::size_t k = current.size(); k > 0; --k) {
-                    if (measure(current.substr(0, k)) <= width) {
-                        cut = k;
-                        break;
-                    }
-                }
-            }
-            words[cursor] = trim(current.substr(cut), " ");
-            current = trim(current.substr(0, cut), " ");
-        } else {
-            ++cursor;
-        }
-        block.lines.push_back(current);
-        if (cursor < words.size())
-            current = words[cursor];
-        block.used += 20;
-    }
-    return block;
-}
-
 // A made-up font: every complete character has a width of its own (some none at all), every
 // byte outside one is drawn as a wide replacement, and a sequence cut short at the very end is
 // either drawn so too or not at all.
@@ -167,40 +113,6 @@ TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
         if (name == "font") { // and through the public function
             ASSERT_EQ(WrapText(text, width), expected);
         }
-    }
-}
-
-TEST_F(TextFitTest, WrappableLabelMakesTheLinesOfTheDownwardSearch) {
-    std::mt19937 rng(7);
-    XuiWindow* canvas = XuiCreateCanvas(XuiRootCanvas(), 0, 0, 320, 216);
-    for (int i = 0; i < 3000; ++i) {
-        const std::string text = randomText(rng);
-        const unsigned width = randomWidth(rng, 10) % 400;
-        const unsigned height = std::uniform_int_distribution<unsigned>(0, 200)(rng);
-        const auto vertical = ui::utils::Origin(std::uniform_int_distribution<int>(0, 4)(rng));
-
-        ui::WrappableLabel label(5, 7, width, height, ui::utils::Centre, vertical);
-        label.wrapText(text);
-
-        // The same block made by hand from the reference's lines.
-        const Block block = referenceBlock(text, width, height);
-        unsigned firstY = vertical == ui::utils::Bottom   ? 7 + height - block.used
-                          : vertical == ui::utils::Centre ? 7 + (height - block.used) / 2
-                                                          : 7;
-        std::vector<std::string> expected, actual;
-        for (std::size_t line = 0; line < block.lines.size(); ++line) {
-            const unsigned y =
-                vertical == ui::utils::Top ? 7 + 20 * unsigned(line) : firstY + 20 * unsigned(line);
-            ui::Label l(5, y, width, 20);
-            l.setAlignment(ui::utils::Centre);
-            l.setText(block.lines[line]);
-            for (const auto& call : test::drawCalls(l, "CanvasDrawText", canvas))
-                expected.push_back(call.str());
-        }
-        for (const auto& call : test::drawCalls(label, "CanvasDrawText", canvas))
-            actual.push_back(call.str());
-        ASSERT_EQ(actual, expected) << "case " << i << ", width " << width << ", height " << height
-                                    << ", text \"" << shown(text) << "\"";
     }
 }
 

@@ -21,8 +21,8 @@ protected:
 };
 
 // Lines of 20 pixels while they fit the height, placed at the top, centre or bottom (anything
-// else is the top). Ending on an exactly full line leaves the height used one line ahead: bottom
-// placement sits a line higher.
+// else is the top), a word too wide cut at its longest fitting prefix. Ending on an exactly full
+// line leaves the height used one line ahead: bottom placement sits a line higher.
 TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
     const unsigned two = std::max(width("Please insert"), width("your card now")) + 1;
     const struct {
@@ -41,7 +41,9 @@ TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
                  {100, 300, 100, Origin::Bottom, "Approved", {"180:Approved"}},
                  {100, 300, 100, Origin(7), "Approved", {"100:Approved"}},
                  {0, width("Remove"), 100, Origin::Centre, "Remove card", {"30:Remove", "50:card"}},
-                 {0, width("Approved"), 100, Origin::Bottom, "Approved", {"60:Approved"}}};
+                 {0, width("Approved"), 100, Origin::Bottom, "Approved", {"60:Approved"}},
+                 {0, width("Remove"), 40, Origin::Top, "Remove card", {"0:Remove", "20:card"}},
+                 {0, width("abcd"), 100, Origin::Top, "abcdabcd", {"0:abcd", "20:abcd"}}};
     for (const auto& c : cases) {
         ui::WrappableLabel label(0, c.y, c.width, c.height, Origin::Left, c.vertical);
         label.wrapText(c.text);
@@ -49,16 +51,17 @@ TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
     }
 }
 
+// A move shifts the lines by the distance from where the label was: twice, to the place asked.
 TEST_F(WrappableLabelTest, Moves_KeepTheLayout) {
     ui::WrappableLabel label(10, 20, width("Remove"), 100, Origin::Left, Origin::Top);
     label.wrapText("Remove card");
-    label.setX(15);
-    label.setY(5);
+    for (unsigned x : {15, 30})
+        label.setX(x);
+    for (unsigned y : {5, 8})
+        label.setY(y);
     auto texts = test::drawCalls(label, "CanvasDrawText");
     ASSERT_EQ(texts.size(), 2u);
-    EXPECT_EQ(texts[0].args[1], "15");
-    EXPECT_EQ(texts[0].args[2], "5");
-    EXPECT_EQ(texts[1].args[2], "25");
+    EXPECT_EQ(texts[0].args[1] + "," + texts[0].args[2] + " " + texts[1].args[2], "30,8 28");
 }
 
 TEST_F(WrappableLabelTest, SecondWrapAppends_AndResizeDropsTheText) {
@@ -79,9 +82,12 @@ TEST_F(WrappableLabelTest, SecondWrapAppends_AndResizeDropsTheText) {
 
 TEST_F(WrappableLabelTest, LocalizedText_AndUnknownIdsThrow) {
     osal::host::setString(900, "Thank you");
-    ui::WrappableLabel label(300, 40);
+    ui::WrappableLabel label(300, 40); // at the origin, centred both ways
     label.wrapText(900);
-    EXPECT_EQ(lines(label).size(), 1u);
+    const auto texts = test::drawCalls(label, "CanvasDrawText");
+    ASSERT_EQ(texts.size(), 1u);
+    EXPECT_EQ(texts[0].args[1] + "," + texts[0].args[2],
+              std::to_string(150 - width("Thank you") / 2) + ",10");
     EXPECT_THROW(label.wrapText(901), LocalizationException);
 }
 

@@ -98,40 +98,44 @@ TEST_F(ContactlessTest, Success_LightsInTurnWithTheTone_AndBlocksUntilDark) {
     } cases[] = {{1, {"1100", "1110", "1111", "0000"}, {100, 100, 650}, 850ms},
                  {2, {"1100", "1110", "0000"}, {125, 650}, 775ms},
                  {3, {}, {}, 0ms}};
-    for (const auto& c : cases) {
-        CtlsStatusIndicatorConfiguration configuration;
-        configuration.ledScheme = c.scheme;
-        enable(configuration);
-        ready();
-        const auto start = Clock::now();
-        set(State::Success);
-        const auto blocked = Clock::now() - start;
-        EXPECT_GE(blocked, c.blocks) << "scheme " << c.scheme;
-        EXPECT_LT(blocked, c.blocks + 1000ms) << "scheme " << c.scheme;
-        if (c.leds.empty()) {
-            EXPECT_TRUE(showsSoon("0000"));
-            EXPECT_TRUE(osal::host::beeps().empty());
-            continue;
-        }
-        const auto steps = changes();
-        ASSERT_EQ(patterns(steps), c.leds) << "scheme " << c.scheme;
-        for (size_t i = 0; i < c.gaps.size(); ++i) { // whole milliseconds of one clock: never less
-            EXPECT_GE(steps[i + 1].atMs - steps[i].atMs, c.gaps[i])
-                << "scheme " << c.scheme << ", step " << i;
-            EXPECT_LT(steps[i + 1].atMs - steps[i].atMs, c.gaps[i] + 300)
-                << "scheme " << c.scheme << ", step " << i;
-        }
-        const auto beeps = osal::host::beeps();
-        ASSERT_EQ(beeps.size(), 1u);
-        EXPECT_EQ(beeps[0].frequencyHz, 1500u);
-        EXPECT_EQ(beeps[0].durationMs, 500u);
-        EXPECT_LE(beeps[0].atMs, steps[0].atMs); // sounded with the first LED, before its redraw
-        EXPECT_LT(steps[0].atMs - beeps[0].atMs, 200);
+    // Twice over: a hold one millisecond short shows in the timeline's whole milliseconds only
+    // when the worker wakes within the fraction of a millisecond left over.
+    for (int round = 0; round < 2; ++round) {
+        for (const auto& c : cases) {
+            CtlsStatusIndicatorConfiguration configuration;
+            configuration.ledScheme = c.scheme;
+            enable(configuration);
+            ready();
+            const auto start = Clock::now();
+            set(State::Success);
+            const auto blocked = Clock::now() - start;
+            EXPECT_GE(blocked, c.blocks) << "scheme " << c.scheme;
+            EXPECT_LT(blocked, c.blocks + 1000ms) << "scheme " << c.scheme;
+            if (c.leds.empty()) {
+                EXPECT_TRUE(showsSoon("0000"));
+                EXPECT_TRUE(osal::host::beeps().empty());
+                continue;
+            }
+            const auto steps = changes();
+            ASSERT_EQ(patterns(steps), c.leds) << "scheme " << c.scheme;
+            for (size_t i = 0; i < c.gaps.size(); ++i) { // whole milliseconds of one clock: never less
+                EXPECT_GE(steps[i + 1].atMs - steps[i].atMs, c.gaps[i])
+                    << "scheme " << c.scheme << ", step " << i;
+                EXPECT_LT(steps[i + 1].atMs - steps[i].atMs, c.gaps[i] + 300)
+                    << "scheme " << c.scheme << ", step " << i;
+            }
+            const auto beeps = osal::host::beeps();
+            ASSERT_EQ(beeps.size(), 1u);
+            EXPECT_EQ(beeps[0].frequencyHz, 1500u);
+            EXPECT_EQ(beeps[0].durationMs, 500u);
+            EXPECT_LE(beeps[0].atMs, steps[0].atMs); // sounded with the first LED, before its redraw
+            EXPECT_LT(steps[0].atMs - beeps[0].atMs, 200);
 
-        const auto again = Clock::now(); // already in Success: nothing plays, nothing blocks
-        set(State::Success);
-        EXPECT_LT(Clock::now() - again, 200ms);
-        EXPECT_EQ(osal::host::beeps().size(), 1u);
+            const auto again = Clock::now(); // already in Success: nothing plays, nothing blocks
+            set(State::Success);
+            EXPECT_LT(Clock::now() - again, 200ms);
+            EXPECT_EQ(osal::host::beeps().size(), 1u);
+        }
     }
 }
 

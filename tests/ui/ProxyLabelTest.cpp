@@ -10,7 +10,7 @@ using Texts = std::vector<std::string>;
 class ProxyLabelTest : public test::PlatformTest {
 protected:
     void SetUp() override {
-        PlatformTest::SetUp();
+        test::PlatformTest::SetUp();
         osal::host::clearStrings();
         osal::host::setString(1, "Welcome");
         osal::host::setString(2, "Please present your card to the reader");

@@ -20,7 +20,7 @@ class ContactlessTest : public test::PlatformTest {
 protected:
     ContactlessTest() { openDisplay = false; }
     void SetUp() override {
-        PlatformTest::SetUp();
+        test::PlatformTest::SetUp();
         recorder = std::make_unique<ui::kit::Recorder>();
         ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
         ui_->initialize();
@@ -29,7 +29,7 @@ protected:
     void TearDown() override {
         ui_.reset();
         recorder.reset();
-        PlatformTest::TearDown();
+        test::PlatformTest::TearDown();
     }
 
     // A new indicator (the one before goes) starts Off: dark.

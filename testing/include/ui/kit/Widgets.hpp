@@ -1,7 +1,8 @@
-// For an application's own widgets, tested on their own: what one draw of a widget asks of Xui,
-// and a screen that records what the library does to it (its draws, the keys it is given and
-// on which thread), to hold the widget under test on a Terminal.
+// For an application's own widgets, tested on their own: a fixture with a bare display, what one
+// draw of a widget asks of Xui, and a screen that records what the library does to it (its
+// draws, the keys it is given and on which thread), to hold the widget under test on a Terminal.
 //
+//   class AmountFieldTest : public ui::kit::DisplayTest {};
 //   ui::kit::RecordingScreen screen;        // or a Terminal's: terminal.show(screen)
 //   screen.add(amountField);
 //   const auto calls = ui::kit::drawCalls(*amountField, "CanvasDrawText");
@@ -9,20 +10,55 @@
 
 #include <ui/ui.hpp>
 
+#include "ui/kit/Platform.hpp"
+
 #include <app/Screen.hpp>
 
 #include <xui_host.hpp>
+
+#include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace ui::kit {
+
+// A fresh platform for every test, the call trace on, and the display open (320 x 240, a
+// 24-pixel status bar) unless the test's constructor sets openDisplay to false: for widgets
+// drawn on their own, or a graphics device or user interface the test brings up itself.
+class DisplayTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        // Sanitizers start a helper thread with the first thread: let it exist before any count.
+        std::thread([] {}).join();
+        platform = std::make_unique<Platform>();
+        xui_host::setKeyWaitLimit(std::chrono::milliseconds(10)); // a keypad stops within 10 ms
+        if (openDisplay)
+            Platform::openDisplay();
+        xui_host::setTracing(true);
+    }
+    void TearDown() override { platform.reset(); }
+
+    // What the library logged since the test began.
+    std::vector<std::string> log() { return platform->log(); }
+    // The calls of one function traced so far, each as "Function(arg, ...)".
+    static std::vector<std::string> calls(const std::string& function) {
+        std::vector<std::string> out;
+        for (const auto& c : xui_host::trace(function))
+            out.push_back(c.str());
+        return out;
+    }
+
+    bool openDisplay = true;
+    std::unique_ptr<Platform> platform;
+};
 
 // Draws the widget (onto the root canvas unless told otherwise) with the trace on, and returns
 // the calls it made of one function ("CanvasDrawText", "CanvasDrawImg"...), or all of them.

@@ -1,11 +1,8 @@
 // The platform-support stand-in: the behaviours the library builds on.
 #include "Support.hpp"
 
-#include <osal/input.hpp>
 #include <osal/localization.hpp>
 #include <osal/strings.hpp>
-
-#include <boost/exception/exception.hpp>
 
 #include <fstream>
 
@@ -47,40 +44,6 @@ TEST_F(Osal, Localization_UnknownIdThrows_TableLoadsFromFile) {
     EXPECT_EQ(Localization::getLocalizedString(2), " Refund=ok");
     EXPECT_FALSE(osal::host::loadStrings("no/such/file"));
     EXPECT_EQ(Localization::getLocalizedString(1), "Sale");
-}
-
-TEST_F(Osal, Keys_ConvertFromSystemCodes) {
-    using namespace device::input;
-    EXPECT_EQ(getKeyFromSystemKey('1'), KEY_1);
-    EXPECT_EQ(getKeyFromSystemKey('0'), KEY_0);
-    EXPECT_EQ(int(KEY_0), 10);
-    EXPECT_EQ(getKeyFromSystemKey(XUI_KEY_ENTER), KEY_ENTER);
-    EXPECT_EQ(getKeyFromSystemKey(XUI_KEY_F1 + 3), KEY_F4);
-    EXPECT_EQ(getKeyFromSystemKey(-5), KEY_NONE);
-    EXPECT_EQ(getKeyString(KEY_0), "0");
-    EXPECT_EQ(getKeyString(KEY_ENTER), "");
-    EXPECT_EQ(getKeyName(KEY_F2), "F2");
-}
-
-TEST_F(Osal, LogWritesOnlyAdmittedLevels_AndExceptionsWithSourceLineAndWhat) {
-    GetGlobalLogConfig().setLevel(LogLevel::Error);
-    LOG(LogLevel::Info) << "quiet";
-    LOG(LogLevel::Error) << "loud " << 42;
-    auto lines = log();
-    ASSERT_EQ(lines.size(), 1u);
-    EXPECT_NE(lines[0].find("loud 42"), std::string::npos);
-
-    struct BoostError : boost::exception {};
-    LogException("Here", 7);
-    LogException("There", 8, std::runtime_error("boom"));
-    LogException("Boost", 9, BoostError());
-    auto reports = osal::host::exceptionReports();
-    ASSERT_EQ(reports.size(), 3u);
-    EXPECT_EQ(reports[0].source, "Here");
-    EXPECT_EQ(reports[1].line, 8);
-    EXPECT_EQ(reports[1].what, "boom");
-    EXPECT_EQ(reports[2].source, "Boost");
-    EXPECT_EQ(log().size(), 4u); // an exception is logged at error level
 }
 
 } // namespace

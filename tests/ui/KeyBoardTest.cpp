@@ -8,33 +8,6 @@ namespace {
 using KeyBoardTest = test::PlatformTest;
 using device::input::Key;
 
-TEST_F(KeyBoardTest, Construction_RegistersTheLatest) {
-    ui::input::KeyBoard keyboard;
-    EXPECT_EQ(ui::ServiceLocator::getInputService(), &keyboard);
-    ui::input::KeyBoard second;
-    EXPECT_EQ(ui::ServiceLocator::getInputService(), &second);
-}
-
-TEST_F(KeyBoardTest, KeysBeforeBindAreDiscarded_ThenDelivered) {
-    ui::input::KeyBoard keyboard;
-    xui_host::pushKey('3');
-    ASSERT_TRUE(xui_host::waitForKeysHandled(std::chrono::seconds(5)));
-    std::mutex m;
-    std::vector<Key> got;
-    keyboard.bind([&](Key k) {
-        if (k == device::input::KEY_NONE)
-            return;
-        std::lock_guard<std::mutex> lock(m);
-        got.push_back(k);
-    });
-    xui_host::pushKey('4');
-    ASSERT_TRUE(test::eventually([&] {
-        std::lock_guard<std::mutex> lock(m);
-        return !got.empty();
-    }));
-    EXPECT_EQ(got, (std::vector<Key>{device::input::KEY_4}));
-}
-
 TEST_F(KeyBoardTest, RebindingWhileKeysArrive_EachKeyGoesToExactlyOneHandler) {
     ui::input::KeyBoard keyboard;
     std::atomic<int> first{0}, second{0};

@@ -23,7 +23,7 @@ protected:
     static constexpr unsigned kFrame = 0x11111100, kBack = 0x22222200, kFill = 0x33333300, kFull = 0x44444400;
 };
 
-TEST_F(ProgressBarTest, Geometry_InsetsAreAHundredthOfTheWidth) {
+TEST_F(ProgressBarTest, Geometry_InsetsAreAHundredthOfTheWidth_AndAnEmptyBarIsFull) {
     ui::ProgressBar bar(10, 20, 200, 20, kFrame, kBack, kFill, kFull);
     EXPECT_EQ(rects(bar),
               (Rects{"10,20 200x20 0xff111111", "12,22 196x16 0xff222222", "16,26 0x8 0xff333333"}));
@@ -35,6 +35,14 @@ TEST_F(ProgressBarTest, Geometry_InsetsAreAHundredthOfTheWidth) {
     EXPECT_EQ(rects(bar)[2], "16,26 188x8 0xff444444");
     bar.setProgress(33);
     EXPECT_EQ(rects(bar)[2], "16,26 62x8 0xff333333"); // 33 * 188 / 100, truncated
+    // Under 100 pixels there are no margins; and 0 of 0 is full.
+    ui::ProgressBar narrow(0, 0, 99, 10, kFrame, kBack, kFill, kFull);
+    narrow.setProgress(50);
+    EXPECT_EQ(rects(narrow), (Rects{"0,0 99x10 0xff111111", "0,0 99x10 0xff222222", "0,0 49x10 0xff333333"}));
+    ui::ProgressBar zero(0, 0, 0, 10, kFrame, kBack, kFill, kFull);
+    EXPECT_EQ(rects(zero)[2], "0,0 0x10 0xff444444");
+    zero.setVisible(false);
+    EXPECT_TRUE(rects(zero).empty());
 }
 
 TEST_F(ProgressBarTest, Resizing_KeepsTheFilledFraction) {
@@ -48,16 +56,6 @@ TEST_F(ProgressBarTest, Resizing_KeepsTheFilledFraction) {
     bar.setX(5);
     bar.setY(6);
     EXPECT_EQ(rects(bar)[2], "17,18 188x16 0xff333333");
-}
-
-TEST_F(ProgressBarTest, NarrowBars_HaveNoMargins_AndAnEmptyBarIsFull) {
-    ui::ProgressBar narrow(0, 0, 99, 10, kFrame, kBack, kFill, kFull);
-    narrow.setProgress(50);
-    EXPECT_EQ(rects(narrow), (Rects{"0,0 99x10 0xff111111", "0,0 99x10 0xff222222", "0,0 49x10 0xff333333"}));
-    ui::ProgressBar zero(0, 0, 0, 10, kFrame, kBack, kFill, kFull);
-    EXPECT_EQ(rects(zero)[2], "0,0 0x10 0xff444444"); // 0 of 0 is full
-    zero.setVisible(false);
-    EXPECT_TRUE(rects(zero).empty());
 }
 
 TEST_F(ProgressBarTest, AtZeroFiftyAndHundred_MatchesTheReviewedPicture) {

@@ -7,14 +7,11 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-TEST(TextLayoutTest, SplitOnNewLines_TrimsEachLine_AndKeepsEmptyOnes) {
+TEST(TextLayoutTest, SplitOnNewLinesTrimsAndKeepsEmptyLines_SplitLineCutsAtTheLastSpaceOrHard) {
     EXPECT_EQ(ui::splitOnNewLines("a\n\nb\n"), (Lines{"a", "", "b"}));
     EXPECT_EQ(ui::splitOnNewLines(" one \t\ntwo"), (Lines{"one", "two"}));
     EXPECT_TRUE(ui::splitOnNewLines("").empty());
     EXPECT_EQ(ui::splitOnNewLines("\n"), (Lines{""}));
-}
-
-TEST(TextLayoutTest, SplitLine_BreaksAtTheLastSpaceOrCutsHard) {
     EXPECT_EQ(ui::splitLine("abcdefghij", 4), (Lines{"abcd", "efgh", "ij"}));
     EXPECT_EQ(ui::splitLine("Insert or tap card", 10), (Lines{"Insert or", "tap card"}));
     // A line of exactly the budget is still broken at its space; wordWrap keeps it whole.

@@ -26,14 +26,6 @@ TEST_F(XuiWrapper, Fonts_GetFontCreatesOnce_LoadFontEveryTime) {
     EXPECT_EQ(calls("CreateFont").back(), "CreateFont(\"./res/Carlito-Regular.ttf\", 0, 0)");
 }
 
-// Colours are opaque RGB on the terminal; text is measured at 20 pixels unless told otherwise.
-TEST_F(XuiWrapper, ColoursBecomeOpaque_AndTextWidthDefaultsToTwentyPixels) {
-    EXPECT_EQ(ui::fonts::intToXuiColor(0x11223344u), 0xFF112233u);
-    EXPECT_EQ(ui::fonts::intToXuiColor(0xFFFFFF00u), 0xFFFFFFFFu);
-    EXPECT_EQ(ui::fonts::GetTextWidth("Payment"), ui::fonts::GetTextWidth("Payment", 20));
-    EXPECT_GT(ui::fonts::GetTextWidth("Payment", 40), ui::fonts::GetTextWidth("Payment"));
-}
-
 TEST_F(XuiWrapper, Calls_AreSerialisedButGetKeyIsNot) {
     // A key wait must not hold the lock: drawing goes on meanwhile.
     xui_host::setKeyWaitLimit(std::chrono::milliseconds(0));

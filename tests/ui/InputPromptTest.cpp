@@ -178,34 +178,28 @@ TEST_F(InputPromptTest, AnEmptyPromptIgnoresEverything) {
     EXPECT_TRUE(xui_host::trace().empty());
 }
 
-// Whole screens, as a cardholder sees them.
-class PromptScreenTest : public InputPromptTest {
-protected:
-    void expectScreen(ui::input::InputPrompt prompt, StringId message, const std::string& keys,
-                      const std::string& golden) {
-        prompt.setText(message);
-        ui::input::AlignCenter(prompt);
-        show(prompt);
-        for (char k : keys)
+// Whole screens, as a cardholder sees them: after an amount, in the middle of a multi-tap cycle,
+// and masked.
+TEST_F(InputPromptTest, WholeScreensMatchTheReviewedPictures) {
+    auto masked = ui::input::createNumericPrompt(0, 999999);
+    masked.maskPrompt(true);
+    const struct {
+        ui::input::InputPrompt prompt;
+        StringId message;
+        std::string keys, golden, raw;
+    } screens[] = {
+        {ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."), 21, "1250", "prompt_currency", "1250"},
+        {ui::input::createTextPrompt(true, true, true, 1, 20), 26, "66", "prompt_text_multitap", "M"},
+        {masked, 27, "4711", "prompt_masked", "4711"}};
+    for (auto screen : screens) {
+        screen.prompt.setText(screen.message);
+        ui::input::AlignCenter(screen.prompt);
+        show(screen.prompt);
+        for (char k : screen.keys)
             terminal.press(k);
-        EXPECT_TRUE(test::matchesGolden(terminal.screen(), golden));
+        EXPECT_TRUE(test::matchesGolden(terminal.screen(), screen.golden));
+        EXPECT_EQ(view->prompt().getInputText(), screen.raw);
     }
-};
-
-TEST_F(PromptScreenTest, CurrencyAfterAnAmount) {
-    expectScreen(ui::input::createCurrencyPrompt(1, 99999, 2, pound, "."), 21, "1250", "prompt_currency");
-}
-
-TEST_F(PromptScreenTest, TextInTheMiddleOfAMultiTapCycle) {
-    expectScreen(ui::input::createTextPrompt(true, true, true, 1, 20), 26, "66", "prompt_text_multitap");
-    EXPECT_EQ(view->prompt().getInputText(), "M");
-}
-
-TEST_F(PromptScreenTest, MaskedEntry) {
-    auto prompt = ui::input::createNumericPrompt(0, 999999);
-    prompt.maskPrompt(true);
-    expectScreen(prompt, 27, "4711", "prompt_masked");
-    EXPECT_EQ(view->prompt().getInputText(), "4711");
 }
 
 } // namespace

@@ -25,17 +25,13 @@ protected:
 // line leaves the height used one line ahead: bottom placement sits a line higher.
 TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
     const unsigned two = std::max(width("Please insert"), width("your card now")) + 1;
+    const std::string five = "Please insert your card now thank you";
     const struct {
         unsigned y, width, height;
         Origin vertical;
         std::string text;
         Lines shown;
-    } cases[] = {{10,
-                  two,
-                  50,
-                  Origin::Top,
-                  "Please insert your card now thank you",
-                  {"10:Please insert", "30:your card now"}},
+    } cases[] = {{10, two, 50, Origin::Top, five, {"10:Please insert", "30:your card now"}},
                  {0, 300, 19, Origin::Top, "Nothing fits", {}},
                  {100, 300, 100, Origin::Centre, "Approved", {"140:Approved"}},
                  {100, 300, 100, Origin::Bottom, "Approved", {"180:Approved"}},

@@ -34,16 +34,6 @@ TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
                           "_bad.session:3: \"full\" is not a number from 0 to 6; expected battery 0-6\n");
 }
 
-TEST(ScriptTest, HelpDocumentsEveryScriptCommand) {
-    FILE* pipe = popen((std::string(UI_DEMO) + " --help 2>&1").c_str(), "r");
-    ASSERT_NE(pipe, nullptr);
-    const std::string output = readAll(pipe);
-    EXPECT_EQ(pclose(pipe), 0);
-    for (const auto& command : ui::kit::commandHelp())
-        EXPECT_NE(output.find("  " + command.form + " "), std::string::npos) << command.form << "\n"
-                                                                             << output;
-}
-
 // The demo's own session, replayed: every step's screen and the LED-and-tone timeline against
 // the reviewed ones (tests/golden/demo).
 class DemoSessionTest : public test::PlatformTest {

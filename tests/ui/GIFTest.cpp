@@ -44,7 +44,6 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 
     gif.setX(200); // the window stays where it was made
-    EXPECT_EQ(gif.getX(), 200u);
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 }
 

@@ -49,8 +49,6 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     auto creates = xui_host::trace("CreateCanvas");
     EXPECT_EQ(creates[0].str(), "CreateCanvas(root, 0, 0, 320, 216)");
     EXPECT_EQ(creates[2].str(), "CreateCanvas(statusbar, 0, 0, 320, 24)");
-    EXPECT_EQ(calls("ShowWindow"),
-              (std::vector<std::string>{"ShowWindow(c4, 1, 0)", "ShowWindow(c5, 1, 0)"}));
     // The sizes are published, and the device is the graphics service.
     EXPECT_EQ(device->getScreenHeight(), 216u);
     EXPECT_EQ(
@@ -205,8 +203,6 @@ void exerciseEveryOperation(ui::GraphicsDevice& device) {
     auto view = std::make_shared<test::View>();
     device.setWindow(window);
     device.setContext(view);
-    EXPECT_EQ(device.getContext(), view);
-    EXPECT_EQ(device.getWindow(), window);
     window->setHeader(std::make_shared<test::View>());
     device.update();
     device.updateHeader();

@@ -45,7 +45,6 @@ TEST_F(ImageTest, SizeIsThePicturesOwn_AndDrawBlitsItEvenWhenHidden) {
     ui::Image image(picture, 5, 6, 100, 100);
     EXPECT_EQ(image.getWidth(), 32u);
     EXPECT_EQ(image.getHeight(), 16u);
-    EXPECT_EQ(image->width, 32u);
     image.setVisible(false);
     xui_host::clearTrace();
     image.draw(ui::Xui::RootCanvas());
@@ -104,15 +103,13 @@ TEST_F(ImageTest, Cache_SharesOneImagePerPath_UntilCleared) {
     EXPECT_EQ(xui_host::trace("ImgLoadFromFile").size(), 5u);
 }
 
-TEST_F(ImageTest, ExtensionValidator_AcceptsOnlyDotPng) {
+TEST_F(ImageTest, Validators_AcceptOnlyDotPng_AndOnlyAnExistingDirectory) {
     const ui::ImageExtensionValidator valid;
     for (const char* yes : {".png", ".PNG", ".Png", ".pNg"})
         EXPECT_TRUE(valid(yes)) << yes;
     for (const char* no : {".jpg", "png", ".png ", ".pngx", "", "a.png", ".gif", " .png"})
         EXPECT_FALSE(valid(no)) << '"' << no << '"';
-}
 
-TEST_F(ImageTest, Directory_AcceptsOnlyAnExistingDirectory) {
     EXPECT_EQ(ui::Directory("res").getDirectory(), "res");
     for (const std::string& path : {picture, std::string("no/such/dir"), std::string()}) {
         try {
@@ -135,7 +132,6 @@ TEST_F(ImageTest, ProxiesOfOnePathShareTheImage_AndLoadsTakeThePicturesSize) {
     };
     const std::string small = test::writePng("icon16", 16, 16), large = test::writePng("icon24", 24, 24);
     ui::ProxyImage first(large, 0, 0, 24, 24), second(large, 100, 4, 20, 20), empty;
-    EXPECT_EQ(first.getX(), 0u);
     xui_host::clearTrace();
     for (ui::ProxyImage* proxy : {&first, &second, &empty})
         proxy->draw(ui::Xui::RootCanvas());

@@ -53,7 +53,7 @@ TEST_F(TextBoxTest, ShowsTheFormattedEntry_CentredInTheInputColour) {
     EXPECT_EQ(moved.at(0).args[1] + " " + moved[0].args[2], std::to_string(10 + 50 - zero / 2) + " 100");
 }
 
-TEST_F(TextBoxTest, ClearFormatsButClearAllShowsNothing) {
+TEST_F(TextBoxTest, ClearFormatsButClearAllShowsNothing_SetTextShowsTheRawTextUntilConfigureFormat) {
     auto box = poundBox();
     type(*box, "125");
     box->clear();
@@ -66,10 +66,6 @@ TEST_F(TextBoxTest, ClearFormatsButClearAllShowsNothing) {
     box->clearAll();
     type(*box, "7");
     EXPECT_EQ(shown(*box), Texts{pound + "0.07"});
-}
-
-TEST_F(TextBoxTest, SetTextShowsTheRawTextUntilConfigureFormat) {
-    auto box = poundBox();
     box->setText("4200");
     EXPECT_EQ(box->getText(), "4200");
     EXPECT_EQ(shown(*box), Texts{"4200"});

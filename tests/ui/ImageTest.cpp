@@ -82,6 +82,7 @@ TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
         ui::Image swapped(other);
         swapped = std::move(moved);
         EXPECT_EQ(swapped.getFilename(), picture);
+        EXPECT_EQ(swapped.getX(), 1u); // the box comes with the picture
         EXPECT_EQ(moved.getFilename(), other);
         EXPECT_EQ(*moved, nullptr);
     }

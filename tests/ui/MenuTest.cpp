@@ -153,7 +153,7 @@ TEST_F(ListBoxTest, SetListItems_IgnoresAnEmptyList_AndRecomputesTheRows_TheSize
     list.setHeight(300);
     list.setWidth(50);
     EXPECT_EQ(list.getWidth(), 50u); // the list's own setter must still size the widget
-    EXPECT_EQ(rows(list), before); // the window of rows stays as it was computed
+    EXPECT_EQ(rows(list), before);   // the window of rows stays as it was computed
     list.down();
     list.setListItems({});
     EXPECT_EQ(selectedId(list), 1);

@@ -17,6 +17,7 @@
 #include <ui/kit/Threads.hpp>
 #include <ui/kit/Widgets.hpp>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -56,19 +57,6 @@ private:
     int statusbar_;
 };
 
-// For tests of pictures: the process-wide image cache starts and ends empty.
-class ImageCacheTest : public PlatformTest {
-protected:
-    void SetUp() override {
-        test::PlatformTest::SetUp();
-        ImageResourceCache::clearCache();
-    }
-    void TearDown() override {
-        ImageResourceCache::clearCache();
-        test::PlatformTest::TearDown();
-    }
-};
-
 using View = ui::kit::RecordingScreen;
 using ui::kit::drawCalls;
 
@@ -105,3 +93,7 @@ using ui::kit::countColour;
 using ui::kit::inkBox;
 
 } // namespace test
+
+// Exceptions are checked by their type and message.
+using ::testing::StrEq;
+using ::testing::ThrowsMessage;

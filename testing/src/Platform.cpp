@@ -15,9 +15,12 @@ Platform::Platform() {
         log_.push_back(line);
     });
     forgetServices(); // an earlier test's, gone with it
+    // Pictures cached by an earlier test belong to a display that has gone.
+    ImageResourceCache::clearCache();
 }
 
 Platform::~Platform() {
+    ImageResourceCache::clearCache();
     forgetServices();
     xui_host::reset();
     osal::host::reset(); // the log sink too, before this goes

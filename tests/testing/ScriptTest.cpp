@@ -4,6 +4,7 @@
 
 #include <xui.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -48,12 +49,8 @@ TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
         {"shot ../x", "test.session:2: \"../x\" is not a file name"},
     };
     for (const auto& c : cases) {
-        try {
-            parse("key ENTER\n" + c.line + "\nkey ENTER\n");
-            ADD_FAILURE() << "accepted: " << c.line;
-        } catch (const ui::kit::ScriptError& e) {
-            EXPECT_EQ(std::string(e.what()).rfind(c.message, 0), 0u) << e.what();
-        }
+        EXPECT_THAT([&] { parse("key ENTER\n" + c.line + "\nkey ENTER\n"); },
+                    testing::ThrowsMessage<ui::kit::ScriptError>(testing::StartsWith(c.message)));
     }
 }
 

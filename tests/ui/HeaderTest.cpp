@@ -12,7 +12,7 @@ namespace {
 const std::string kRes = "res/";
 constexpr int64_t k0905on7March2025 = 1741338300;
 
-class HeaderTest : public test::ImageCacheTest {
+class HeaderTest : public test::PlatformTest {
 protected:
     // The file name of each picture drawn, in order.
     static std::vector<std::string> drawnPictures() {

@@ -9,10 +9,10 @@
 
 namespace {
 
-class ImageTest : public test::ImageCacheTest {
+class ImageTest : public test::PlatformTest {
 protected:
     void SetUp() override {
-        ImageCacheTest::SetUp();
+        test::PlatformTest::SetUp();
         picture = test::writePng("picture32x16", 32, 16);
     }
     // Every handle loaded must be freed exactly once.
@@ -28,12 +28,9 @@ protected:
 };
 
 TEST_F(ImageTest, Loader_ThrowsWithThePathForAMissingOrBrokenFile) {
-    try {
-        ui::Image image("no/such/picture.png");
-        FAIL();
-    } catch (const std::runtime_error& e) {
-        EXPECT_STREQ(e.what(), "loadImage: no/such/picture.png does not point to a file");
-    }
+    EXPECT_THAT(
+        [] { ui::Image("no/such/picture.png"); },
+        ThrowsMessage<std::runtime_error>(StrEq("loadImage: no/such/picture.png does not point to a file")));
     const std::string broken = test::tempPath("broken.png");
     std::ofstream(broken) << "\x89PNG\r\n\x1a\n but then nothing";
     EXPECT_THROW(ui::Image{broken}, std::runtime_error);
@@ -113,12 +110,9 @@ TEST_F(ImageTest, Validators_AcceptOnlyDotPng_AndOnlyAnExistingDirectory) {
 
     EXPECT_EQ(ui::Directory("res").getDirectory(), "res");
     for (const std::string& path : {picture, std::string("no/such/dir"), std::string()}) {
-        try {
-            ui::Directory d(path);
-            FAIL() << path;
-        } catch (const std::invalid_argument& e) {
-            EXPECT_STREQ(e.what(), "Not a valid directory");
-        }
+        EXPECT_THAT([&] { ui::Directory{path}; },
+                    ThrowsMessage<std::invalid_argument>(StrEq("Not a valid directory")))
+            << path;
     }
 }
 

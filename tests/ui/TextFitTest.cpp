@@ -85,16 +85,6 @@ unsigned randomWidth(std::mt19937& rng, unsigned glyph) {
     }
 }
 
-std::string shown(const std::string& text) {
-    std::string out;
-    for (unsigned char c : text) {
-        char hex[8];
-        std::snprintf(hex, sizeof hex, c < 0x20 || c >= 0x7F ? "\\x%02X" : "%c", c);
-        out += hex;
-    }
-    return out;
-}
-
 class TextFitTest : public test::PlatformTest {};
 
 TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
@@ -109,7 +99,8 @@ TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
         const unsigned width = randomWidth(rng, name == "font" ? 10 : 9);
         const Lines expected = referenceWrapText(text, width, measure);
         ASSERT_EQ(ui::detail::wrapText(text, width, measure), expected)
-            << "case " << i << ", " << name << ", width " << width << ", text \"" << shown(text) << "\"";
+            << "case " << i << ", " << name << ", width " << width << ", text "
+            << testing::PrintToString(text);
         if (name == "font") { // and through the public function
             ASSERT_EQ(WrapText(text, width), expected);
         }
@@ -137,7 +128,8 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
             ++measured;
             return ui::fonts::GetTextWidth(s);
         });
-        EXPECT_EQ(measured, c.measurements) << shown(c.text.substr(0, 12)) << "... at " << c.width;
+        EXPECT_EQ(measured, c.measurements)
+            << testing::PrintToString(c.text.substr(0, 12)) << "... at " << c.width;
     }
 }
 

@@ -241,12 +241,8 @@ TEST_F(ContactlessTest, AnInvalidConfigurationThrows_StartsNothing_AndStaysRegis
     CtlsStatusIndicatorConfiguration three;
     three.ledOnImages.pop_back();
     ui::ContactlessStatusIndicator indicator(0, 0, 100, 24);
-    try {
-        indicator.initialize(three, graphics);
-        FAIL() << "accepted three LEDs";
-    } catch (const std::runtime_error& e) {
-        EXPECT_STREQ(e.what(), "CtlsStatusIndicator - Invalid LED Configuration");
-    }
+    EXPECT_THAT([&] { indicator.initialize(three, graphics); },
+                ThrowsMessage<std::runtime_error>(StrEq("CtlsStatusIndicator - Invalid LED Configuration")));
     set(State::Ready);
     EXPECT_EQ(indicator.getState(), State::Ready);
     EXPECT_EQ(test::threadCount(), threads);

@@ -1,6 +1,7 @@
-// The host stand-ins as a test needs them: every default restored and the library's services
-// forgotten when it begins, the same again when it ends, and what the library logged kept for
-// the test to read. A Terminal holds one; a test of widgets on a bare display uses it alone.
+// The host stand-ins as a test needs them: every default restored, the library's services
+// forgotten and its image cache emptied when it begins, the same again when it ends, and what
+// the library logged kept for the test to read. A Terminal holds one; a test of widgets on a
+// bare display uses it alone.
 #pragma once
 
 #include <mutex>

@@ -37,28 +37,6 @@ TEST(FormatPolicyTest, AmountsInMinorUnits) {
     expectShown(bare, {{"", "0"}, {"42", "42"}});
 }
 
-TEST(FormatPolicyTest, DateTimeAndAddressAreGroupedAsTyped) {
-    FormatDatePolicy date;
-    expectShown(date, {{"", ""},
-                       {"2024", "2024"},
-                       {"20241", "2024/1"},
-                       {"202411", "2024/11"},
-                       {"202411150", "2024/11/150"}});
-    date.setSeparator("-");
-    expectShown(date, {{"2024111", "2024-11-1"}});
-
-    FormatTimePolicy time;
-    expectShown(
-        time,
-        {{"09", "09"}, {"093", "09:3"}, {"0930", "09:30"}, {"093045", "09:30:45"}, {"1234567", "12:34:567"}});
-
-    FormatIPAdressPolicy address;
-    expectShown(address, {{"192", "192"}, {"1921680", "192.168.0"}, {"1921680010109", "192.168.001.0109"}});
-
-    empty_format_policy identity;
-    expectShown(identity, {{"", ""}, {"a b", "a b"}});
-}
-
 class DefaultFormatPolicyTest : public ::testing::Test {
 protected:
     void TearDown() override { osal::host::reset(); }

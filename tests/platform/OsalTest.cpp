@@ -12,17 +12,14 @@ using Osal = test::PlatformTest;
 using Pieces = std::vector<std::string>;
 
 TEST_F(Osal, SplitDropsEmptyPieces_AndTrimOnlyTheEnds) {
-    struct Case {
-        std::string text;
-        Pieces pieces;
-    } cases[] = {{"", {}},
-                 {"   ", {}},
-                 {"one", {"one"}},
-                 {" a  b ", {"a", "b"}},
-                 {"a,b;c", {"a,b;c"}},
-                 {"line\nbreak here", {"line\nbreak", "here"}}};
-    for (const auto& c : cases)
-        EXPECT_EQ(splitOnDelimeters(c.text, " "), c.pieces) << '"' << c.text << '"';
+    const std::pair<std::string, Pieces> cases[] = {{"", {}},
+                                                    {"   ", {}},
+                                                    {"one", {"one"}},
+                                                    {" a  b ", {"a", "b"}},
+                                                    {"a,b;c", {"a,b;c"}},
+                                                    {"line\nbreak here", {"line\nbreak", "here"}}};
+    for (const auto& [text, pieces] : cases)
+        EXPECT_EQ(splitOnDelimeters(text, " "), pieces) << '"' << text << '"';
     EXPECT_EQ(splitOnDelimeters("a,b;c", ",;"), (Pieces{"a", "b", "c"}));
     // Trimming removes only the given characters, and only at the ends.
     EXPECT_EQ(trim("  a b  ", " "), "a b");

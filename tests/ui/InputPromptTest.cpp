@@ -51,12 +51,13 @@ protected:
         return entryShown();
     }
 
-    // The text box's text in the next frame: what it draws in the input colour.
+    // The text box's text in the next frame: the last text drawn in the input colour. A frame
+    // the prompt asked for after the key may come in the same trace, showing the same entry.
     std::string entryShown() {
         std::string entry;
         for (const auto& text : terminal.texts())
             if (text.colour == 0xffffffffu)
-                entry += text.text;
+                entry = text.text;
         return entry;
     }
 

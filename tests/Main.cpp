@@ -1,3 +1,5 @@
+#include <ui/kit/Golden.hpp>
+
 #include <gmock/gmock.h>
 
 #include <cstdlib>
@@ -9,5 +11,6 @@ int main(int argc, char** argv) {
     // the fork (GTEST_DEATH_TEST_STYLE=fast).
     if (!std::getenv("GTEST_DEATH_TEST_STYLE"))
         GTEST_FLAG_SET(death_test_style, "threadsafe");
+    ui::kit::setGoldenFolder(UI_GOLDEN_DIR);
     return RUN_ALL_TESTS();
 }

@@ -180,7 +180,6 @@ void PaymentApp::received(std::function<void()> work) {
 }
 
 void PaymentApp::indicate(ui::State state) {
-    ++indicatorChanges_;
     indicated_ = state;
     ui::ServiceLocator::updateContactlessIndicator(state);
 }

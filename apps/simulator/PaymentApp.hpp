@@ -50,8 +50,7 @@ public:
     // Redraws the header, for a clock that has moved on.
     void refreshHeader() override;
 
-    // State changes asked of the contactless indicator so far, and the last one.
-    int indicatorChanges() const override { return indicatorChanges_; }
+    // The last state asked of the contactless indicator.
     ui::State indicated() const override { return indicated_; }
     // Keys the screens have taken from the keypad so far.
     int keysReceived() const { return keysReceived_; }
@@ -100,7 +99,6 @@ private:
     bool awaitingCard_ = false;
     std::string amount_;
     std::atomic<int> keysReceived_{0};
-    std::atomic<int> indicatorChanges_{0};
     std::atomic<ui::State> indicated_{ui::State::Idle};
     std::atomic<bool> finished_{false};
     std::atomic<int> battery_{3};

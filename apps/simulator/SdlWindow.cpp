@@ -231,9 +231,10 @@ int runWindow(const WindowOptions& options) {
         want.samples = 1024;
         audio = SDL_OpenAudioDevice(nullptr, 0, &want, &have, 0);
     }
+    int tones = 0;
     if (audio) {
         SDL_PauseAudioDevice(audio, 0);
-        osal::host::setBeepHandler([audio](const osal::host::Beep& beep) {
+        tones = osal::host::addBeepListener([audio](const osal::host::Beep& beep) {
             std::vector<int16_t> samples;
             addTone(samples, 0, beep.frequencyHz, beep.durationMs);
             SDL_QueueAudio(audio, samples.data(), Uint32(samples.size() * sizeof(int16_t)));
@@ -244,7 +245,8 @@ int runWindow(const WindowOptions& options) {
         Terminal terminal(options);
         result = terminal.run();
     }
-    osal::host::setBeepHandler(nullptr);
+    if (tones)
+        osal::host::removeBeepListener(tones);
     if (audio)
         SDL_CloseAudioDevice(audio);
     SDL_Quit();

@@ -8,9 +8,6 @@ SessionResult runSession(const std::vector<ui::kit::Command>& script, const Sess
     appOptions.indicator.idleFlashMs = 600000;
     ui::kit::SessionOptions sessionOptions;
     sessionOptions.pseudoLocalization = options.pseudoLocalization;
-    // Longer than the silence inside an alert tone.
-    sessionOptions.quiet = std::chrono::milliseconds(appOptions.indicator.alertToneDurationMs +
-                                                     appOptions.indicator.alertTonePauseMs + 200);
     ui::kit::Session session(sessionOptions);
     // The moments of a sale come on the application's thread, while the script's line waits
     // for it: one at a time.

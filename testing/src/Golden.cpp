@@ -3,26 +3,54 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 
 namespace ui::kit {
 
 namespace {
+
+std::string& namedFolder() {
+    static std::string folder;
+    return folder;
+}
 
 bool updating() {
     const char* update = std::getenv("UI_UPDATE_GOLDEN");
     return update && std::string(update) == "1";
 }
 
+void written(const std::string& path) {
+    std::cout << "golden written: " << path << std::endl;
+}
+
 } // namespace
 
-::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& path,
+void setGoldenFolder(const std::string& folder) {
+    namedFolder() = folder;
+}
+
+std::string goldenPath(const std::string& path) {
+    const std::filesystem::path given(path);
+    if (given.is_absolute())
+        return path;
+    if (!namedFolder().empty())
+        return (std::filesystem::path(namedFolder()) / given).string();
+    const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
+    if (!test || !test->file())
+        return path;
+    return (std::filesystem::absolute(test->file()).parent_path() / given).string();
+}
+
+::testing::AssertionResult matchesGolden(const xui_host::Pixels& actual, const std::string& name,
                                          unsigned tolerance) {
+    const std::string path = goldenPath(name);
     const std::string stem = path.substr(0, path.size() - 4);
     if (updating()) {
         std::error_code error;
         std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
         if (!xui_host::savePng(actual, path))
             return ::testing::AssertionFailure() << "cannot write the golden " << path;
+        written(path);
         return ::testing::AssertionSuccess() << "golden written: " << path;
     }
     const xui_host::Pixels golden = xui_host::loadPng(path);
@@ -53,8 +81,13 @@ bool updating() {
             ++differing;
         }
     }
-    if (differing == 0)
+    if (differing == 0) {
+        // What an earlier failure left beside it no longer says anything.
+        std::error_code error;
+        std::filesystem::remove(stem + "_actual.png", error);
+        std::filesystem::remove(stem + "_diff.png", error);
         return ::testing::AssertionSuccess();
+    }
     xui_host::savePng(actual, stem + "_actual.png");
     xui_host::savePng(diff, stem + "_diff.png");
     return ::testing::AssertionFailure() << differing << " pixels differ from " << path << "; see " << stem
@@ -62,13 +95,15 @@ bool updating() {
 }
 
 ::testing::AssertionResult matchesGoldenText(const std::vector<std::string>& actual,
-                                             const std::string& path) {
+                                             const std::string& name) {
+    const std::string path = goldenPath(name);
     if (updating()) {
         std::ofstream out(path);
         for (const auto& line : actual)
             out << line << "\n";
         if (!out)
             return ::testing::AssertionFailure() << "cannot write the golden " << path;
+        written(path);
     }
     std::ifstream in(path);
     if (!in)
@@ -84,8 +119,9 @@ bool updating() {
     return failure;
 }
 
-::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& folder,
+::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& name,
                                                  bool timeline) {
+    const std::string folder = goldenPath(name);
     std::string differing;
     for (const Step& step : steps)
         if (const auto matches = matchesGolden(step.screen, folder + "/" + step.picture); !matches)

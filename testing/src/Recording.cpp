@@ -90,7 +90,7 @@ void writeStoryboard(const std::string& path, const std::vector<Step>& steps) {
         << "box-shadow:0 1px 4px #0003}.led{display:inline-block;width:14px;height:14px;border-radius:50%;"
         << "margin-right:4px;background:#263238;border:1px solid #607d8b}.on{background:#00e676}"
         << "code{background:#e6ebf0;padding:2px 6px;border-radius:4px}ul{margin:0;padding-left:18px}"
-        << ".leds{white-space:nowrap}"
+        << ".leds{white-space:nowrap}.overflow{color:#c62828;font-weight:bold}"
         << "</style></head><body>\n<h1>Session storyboard</h1>\n"
         << "<table><tr><th>#</th><th>Action</th><th>Screen</th><th>LEDs</th><th>Tones and LED "
            "changes</th></tr>\n";
@@ -103,6 +103,8 @@ void writeStoryboard(const std::string& path, const std::vector<Step>& steps) {
         out << "</td><td><ul>";
         for (const auto& event : step.events)
             out << "<li>" << html(event) << "</li>";
+        for (const auto& overflow : step.overflows)
+            out << "<li class=\"overflow\">does not fit: " << html(overflow) << "</li>";
         out << "</ul></td></tr>\n";
     }
     out << "</table></body></html>\n";
@@ -120,6 +122,8 @@ std::vector<std::string> timelineLines(const std::vector<Step>& steps, bool with
         lines.push_back(head.str());
         for (const auto& event : step.events)
             lines.push_back("  " + (withTimes ? event : event.substr(event.find(" ms ") + 4)));
+        for (const auto& overflow : step.overflows)
+            lines.push_back("  overflow " + overflow);
     }
     return lines;
 }

@@ -11,7 +11,6 @@ namespace {
 
 // 2026-11-22 09:30, local time.
 constexpr int64_t kSessionClock = 1795339800;
-constexpr std::chrono::seconds kPatience{5};
 
 std::string slug(const std::string& action) {
     std::string out;
@@ -24,34 +23,35 @@ std::string slug(const std::string& action) {
 // pictured anyway (a shot only names its picture).
 class Headless : public FrontEnd {
 public:
-    explicit Headless(const Command*& current) : current_(current) {}
+    Headless(const Command*& current, std::chrono::milliseconds patience)
+        : current_(current), patience_(patience) {}
 
     void press(int keyCode) override {
         xui_host::pushKey(keyCode);
-        if (!xui_host::waitForKeysHandled(kPatience))
+        if (!xui_host::waitForKeysHandled(patience_))
             throw ScriptError("line " + std::to_string(current_->line) + " (" + current_->text +
-                              "): the keypad took no key in 5 seconds");
+                              "): the keypad took no key in " + std::to_string(patience_.count()) + " ms");
     }
     void wait(std::chrono::milliseconds time) override { std::this_thread::sleep_for(time); }
     void shot(const std::string&) override {}
 
 private:
     const Command*& current_;
+    std::chrono::milliseconds patience_;
 };
 
 } // namespace
 
 bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout) {
-    graphics.waitForDraw();
-    const uint64_t frames = xui_host::mainFramesShown();
+    const uint64_t begun = xui_host::mainFramesBegun();
     graphics.update();
-    if (!xui_host::waitForMainFrames(frames + 1, timeout))
-        return false;
-    graphics.waitForDraw(); // the rest of the present step: the other canvas hidden
-    return true;
+    return xui_host::waitForMainFrameBegunAfter(begun, timeout);
 }
 
 Session::Session(const SessionOptions& options) : options_(options) {
+    if (!options.language.empty() && !osal::host::loadStrings("res/strings/" + options.language + ".txt"))
+        throw std::runtime_error("Session: no strings for the language \"" + options.language +
+                                 "\" (res/strings/" + options.language + ".txt)");
     osal::host::pinClock(kSessionClock);
     xui_host::pinAnimationTime(std::chrono::milliseconds(900));
     osal::host::setPseudoLocalization(options.pseudoLocalization);
@@ -64,17 +64,23 @@ Session::~Session() {
     osal::host::unpinClock();
 }
 
-// Pictures the screen once the application is done and the indicator has settled: after a
-// state change, until it is quiet; while it idles, until the flash is lit.
+// Pictures the screen once what the step started has settled: every thread the platform sees
+// done with what it was asked (the indicator's sequence or alert, a redraw), the idle flash lit
+// while the indicator idles, and a frame begun after that presented.
 void Session::capture(const std::string& action, const std::string& name) {
     Application& app = *app_;
-    if (app.indicatorChanges() != changesSeen_)
-        recorder_.waitForQuiet(options_.quiet);
-    changesSeen_ = app.indicatorChanges();
-    if (app.indicated() == ui::State::Idle && !recorder_.waitForLeds("1000", kPatience))
-        throw std::runtime_error(action + ": the idle flash did not come");
-    if (!presentNewFrame(app.graphics(), kPatience))
-        throw std::runtime_error("no frame of the application's screen came in 5 seconds");
+    const auto fail = [&](const std::string& what) {
+        throw std::runtime_error("step " + std::to_string(steps_.size()) + " (" + action +
+                                 ") did not settle in " + std::to_string(options_.patience.count()) +
+                                 " ms: " + what);
+    };
+    if (!osal::host::waitUntilSettled(options_.patience))
+        fail(osal::host::unsettled());
+    if (app.indicated() == ui::State::Idle && !recorder_.waitForLeds("1000", options_.patience))
+        fail("the indicator idles, and its flash did not come");
+    if (!presentNewFrame(app.graphics(), options_.patience))
+        fail("no frame of the application's screen was presented");
+    app.graphics().waitForDraw(); // the rest of the present: the other canvas hidden
     Step step;
     step.number = int(steps_.size());
     step.action = action;
@@ -82,6 +88,8 @@ void Session::capture(const std::string& action, const std::string& name) {
     picture << std::setw(2) << std::setfill('0') << step.number << "_" << slug(name) << ".png";
     step.picture = picture.str();
     step.screen = xui_host::screen();
+    for (const Overflow& overflow : fit_.check(xui_host::lastMainFrame()))
+        step.overflows.push_back(describe(overflow));
     for (const auto& [at, what] : recorder_.take()) {
         std::ostringstream event;
         event << "+" << std::setw(4) << std::setfill('0') << std::max<int64_t>(0, at - stepStartMs_) << " ms "
@@ -101,7 +109,7 @@ void Session::moment(const std::string& what) {
 const std::vector<Step>& Session::play(const std::vector<Command>& script, Application& app) {
     app_ = &app;
     const Command* current = nullptr;
-    Headless frontEnd(current);
+    Headless frontEnd(current, options_.patience);
     try {
         capture("start", "start");
         for (const Command& c : script) {
@@ -120,7 +128,7 @@ const std::vector<Step>& Session::play(const std::vector<Command>& script, Appli
     return steps_;
 }
 
-std::vector<std::string> Session::write(const std::string& folder) const {
+std::vector<std::string> Session::write(const std::string& folder) {
     return writeRecording(folder, steps_, recorder_.beeps(), startMs_, endMs_);
 }
 

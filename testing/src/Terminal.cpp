@@ -3,20 +3,41 @@
 
 #include <osal/host.hpp>
 
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <stdexcept>
 #include <thread>
 
 namespace ui::kit {
 
+namespace {
+
+std::string stringsFile(const TerminalOptions& options) {
+    if (options.language.empty())
+        return options.strings;
+    const std::filesystem::path beside = std::filesystem::path(options.strings).parent_path();
+    return (beside / (options.language + ".txt")).string();
+}
+
+std::string reportLine(const osal::host::ExceptionReport& report) {
+    return report.source + ":" + std::to_string(report.line) + ": " +
+           (report.what.empty() ? std::string("an exception of unknown type") : report.what);
+}
+
+} // namespace
+
 Terminal::Terminal(const TerminalOptions& options)
     : options_(options), platform_(std::make_unique<Platform>()) {
     xui_host::setPanelSize(options.panelWidth, options.panelHeight);
     osal::host::pinClock(options.clock);
-    if (!options.strings.empty() && !osal::host::loadStrings(options.strings))
-        throw std::runtime_error("Terminal: cannot read the strings " + options.strings);
+    const std::string strings = stringsFile(options);
+    if (!strings.empty() && !osal::host::loadStrings(strings))
+        throw std::runtime_error("Terminal: cannot read the strings " + strings);
     osal::host::setPseudoLocalization(options.pseudoLocalization);
     osal::host::useVirtualTime(options.virtualTime);
     recorder_ = std::make_unique<Recorder>();
+    fitCheck_ = std::make_unique<FitCheck>();
     startMs_ = steadyMs(Clock::now());
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
     ui_->initialize();
@@ -31,8 +52,29 @@ Terminal::Terminal(const TerminalOptions& options)
 
 Terminal::~Terminal() {
     ui_.reset();
+    for (const std::string& exception : takeExceptions())
+        ADD_FAILURE() << "the library caught and logged an exception: " << exception
+                      << " (a test that expects one takes it with takeExceptions())";
+    fitCheck_.reset();
     recorder_.reset();
     platform_.reset();
+}
+
+std::vector<std::string> Terminal::takeExceptions() {
+    std::vector<std::string> out;
+    const auto reports = osal::host::exceptionReports();
+    for (size_t i = exceptionsTaken_; i < reports.size(); ++i)
+        out.push_back(reportLine(reports[i]));
+    exceptionsTaken_ = reports.size();
+    return out;
+}
+
+std::string Terminal::loggedExceptions() const {
+    std::string out;
+    const auto reports = osal::host::exceptionReports();
+    for (size_t i = exceptionsTaken_; i < reports.size(); ++i)
+        out += (out.empty() ? "" : "; ") + reportLine(reports[i]);
+    return out;
 }
 
 void Terminal::show(const std::shared_ptr<ui::IContainer>& view) {
@@ -72,45 +114,42 @@ app::StatusHeader& Terminal::header() {
 void Terminal::settle() {
     // Synchronous: a header drawn on another thread is finished first, under the same locks.
     graphics_->updateHeader();
-    if (!presentNewFrame(*graphics_, options_.timeout))
-        throw std::runtime_error("Terminal: no frame presented in " +
-                                 std::to_string(options_.timeout.count()) + " ms; is a view set?");
+    if (presentNewFrame(*graphics_, options_.timeout))
+        return;
+    const std::string logged = loggedExceptions();
+    throw std::runtime_error(
+        "Terminal: no frame presented in " + std::to_string(options_.timeout.count()) + " ms; " +
+        (logged.empty() ? std::string("is a view set?") : "the library logged " + logged));
 }
 
 xui_host::Pixels Terminal::screen() {
     settle();
+    graphics_->waitForDraw(); // the rest of the present: the other canvas hidden
     return xui_host::screen();
 }
 
-std::vector<DrawnText> Terminal::texts() {
-    xui_host::setTracing(true);
-    settle(); // what was asked for before is drawn: the next settle draws one frame
-    xui_host::clearTrace();
+xui_host::Frame Terminal::frame() {
     settle();
-    return drawnTexts(xui_host::trace("CanvasDrawText"));
+    return xui_host::lastMainFrame();
 }
 
-std::vector<DrawnText> drawnTexts(const std::vector<xui_host::Call>& calls) {
-    std::vector<DrawnText> out;
-    for (const auto& call : calls) {
-        if (call.function != "CanvasDrawText" || call.args.size() < 8)
-            continue;
-        // The trace quotes the text and escapes quotes and backslashes in it.
-        const std::string& quoted = call.args[7];
-        std::string text;
-        for (size_t i = 1; i + 1 < quoted.size(); ++i) {
-            if (quoted[i] == '\\')
-                ++i;
-            text += quoted[i];
-        }
-        out.push_back({text, unsigned(std::stoul(call.args[1])), unsigned(std::stoul(call.args[2])),
-                       uint32_t(std::stoul(call.args[6], nullptr, 16))});
-    }
+std::vector<DrawnText> Terminal::texts() {
+    const xui_host::Frame shown = frame();
+    std::vector<DrawnText> out = drawnTexts(shown.headerCalls);
+    for (auto& text : drawnTexts(shown.calls))
+        out.push_back(std::move(text));
+    return out;
+}
+
+std::vector<Overflow> Terminal::fit() {
+    const xui_host::Frame shown = frame();
+    std::vector<Overflow> out = fitCheck_->check(shown);
+    for (auto& overflow : fitCheck_->notShown(shown))
+        out.push_back(std::move(overflow));
     return out;
 }
 
 std::string Terminal::leds() {
-    recorder_->collect();
     return recorder_->leds();
 }
 

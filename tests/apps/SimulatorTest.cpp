@@ -45,7 +45,7 @@ TEST_F(DemoSessionTest, EveryStepMatchesTheReviewedScreensAndTimeline) {
     osal::host::loadStrings("res/strings/en.txt");
     const auto result = demo::runSession(ui::kit::loadScript("apps/simulator/demo.session"), {});
     ASSERT_GT(result.steps.size(), 50u);
-    EXPECT_TRUE(ui::kit::sessionMatchesGoldens(result.steps, std::string(UI_GOLDEN_DIR) + "/demo"));
+    EXPECT_TRUE(ui::kit::sessionMatchesGoldens(result.steps, "demo"));
 }
 
 // The demo's screens as a translation 40 % longer would show them, against reviewed pictures
@@ -56,8 +56,7 @@ TEST_F(DemoSessionTest, PseudoLocalizedScreensMatchTheReviewedOnes) {
     options.pseudoLocalization = 1.4;
     const auto result = demo::runSession(ui::kit::loadScript("tests/apps/pseudo.session"), options);
     ASSERT_GT(result.steps.size(), 15u);
-    EXPECT_TRUE(
-        ui::kit::sessionMatchesGoldens(result.steps, std::string(UI_GOLDEN_DIR) + "/demo_pseudo", false));
+    EXPECT_TRUE(ui::kit::sessionMatchesGoldens(result.steps, "demo_pseudo", false));
 }
 
 // What the demo does beyond its own session: a tap on the idle screen starts a sale, the hints

@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <map>
+#include <thread>
+
 namespace {
 
 // Multi-tap in virtual time: the same key after the 750 ms interval starts a new character. The
@@ -42,6 +46,87 @@ TEST(KitMatchersTest, TonesAndEventsMustComeInTheirOrder) {
     EXPECT_THAT(timeline, testing::Not(ui::kit::SoundedTones({{1500, 500}, {1500, 500}})));
     EXPECT_THAT(timeline, ui::kit::HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1110"}));
     EXPECT_THAT(timeline, testing::Not(ui::kit::HappenedInOrder({"leds 1110", "leds 1100"})));
+}
+
+} // namespace
+
+namespace {
+
+// A screen that asks for frames of its own: each key redraws it, and a thread of its own moves
+// its counter on and redraws it as fast as it can.
+class RacingScreen : public app::Screen {
+public:
+    RacingScreen() : Screen(0, 0, 320, 208) {
+        counter->setText("tick 0");
+        still->setText("still");
+        add(counter);
+        add(still);
+    }
+    void handleKeyPress(const device::input::Key&) override {
+        ui::ServiceLocator::getGraphicsService()->update();
+    }
+
+    std::shared_ptr<ui::Label> counter = std::make_shared<ui::Label>(0, 0, 320, 20);
+    std::shared_ptr<ui::Label> still = std::make_shared<ui::Label>(0, 40, 320, 20);
+};
+
+// texts() reads one presented frame, whatever else draws meanwhile: the screen's own thread,
+// its key handler on the keypad thread and the indicator's worker flashing the header, with the
+// other core kept busy.
+TEST(KitTerminalTest, TextsHoldExactlyOneFrame_WhileEverythingElseRedraws) {
+#ifdef UI_SLOW_TREE
+    constexpr int reads = 300;
+#else
+    constexpr int reads = 3000;
+#endif
+    ui::kit::TerminalOptions options;
+    options.statusHeader = true;
+    ui::kit::Terminal terminal(options);
+    CtlsStatusIndicatorConfiguration flashing;
+    flashing.idlePeriodMs = 1;
+    flashing.idleFlashMs = 1;
+    terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, flashing);
+    ui::ServiceLocator::updateContactlessIndicator(ui::State::Idle);
+    auto screen = std::make_shared<RacingScreen>();
+    terminal.show(screen);
+
+    std::atomic<bool> stop{false};
+    std::vector<std::thread> others;
+    others.emplace_back([&] {
+        // As an animation does: the next picture once the last one is on the panel.
+        for (unsigned n = 1; !stop; ++n) {
+            const uint64_t shown = xui_host::mainFramesShown();
+            screen->counter->setText("tick " + std::to_string(n));
+            terminal.graphics().update();
+            xui_host::waitForMainFrames(shown + 1, std::chrono::seconds(5));
+        }
+    });
+    others.emplace_back([&] {
+        while (!stop) {
+            xui_host::pushKey('5');
+            xui_host::waitForKeysHandled(std::chrono::seconds(5));
+        }
+    });
+    others.emplace_back([&] {
+        for (volatile unsigned spin = 0; !stop;)
+            spin = spin + 1;
+    });
+    int inexact = 0;
+    std::string example;
+    for (int i = 0; i < reads; ++i) {
+        std::map<std::string, int> seen;
+        for (const auto& text : terminal.texts())
+            ++seen[text.text.rfind("tick ", 0) == 0 ? "tick" : text.text];
+        if (seen != std::map<std::string, int>{{"tick", 1}, {"still", 1}, {"09:30", 1}, {"22/11/2026", 1}}) {
+            if (inexact++ == 0)
+                for (const auto& [text, count] : seen)
+                    example += " \"" + text + "\" x" + std::to_string(count);
+        }
+    }
+    stop = true;
+    for (auto& thread : others)
+        thread.join();
+    EXPECT_EQ(inexact, 0) << "of " << reads << " reads; the first:" << example;
 }
 
 } // namespace

@@ -33,10 +33,18 @@ public:
 // on the keypad thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
 class InputPromptTest : public ::testing::Test {
 protected:
-    InputPromptTest() : terminal({320, 240, 0, 24, 1795339800, "", 0}) {
+    InputPromptTest() : terminal(options()) {
         osal::host::useVirtualTime(true);
         xui_host::setKeyWaitLimit(10ms);
         xui_host::setTracing(true);
+    }
+
+    // A 24-pixel status bar, and the strings each test sets.
+    static ui::kit::TerminalOptions options() {
+        ui::kit::TerminalOptions options;
+        options.statusbar = 24;
+        options.strings.clear();
+        return options;
     }
 
     void show(const ui::input::InputPrompt& prompt) {
@@ -51,13 +59,12 @@ protected:
         return entryShown();
     }
 
-    // The text box's text in the next frame: the last text drawn in the input colour. A frame
-    // the prompt asked for after the key may come in the same trace, showing the same entry.
+    // The text box's text in the next frame: what it draws in the input colour.
     std::string entryShown() {
         std::string entry;
         for (const auto& text : terminal.texts())
             if (text.colour == 0xffffffffu)
-                entry = text.text;
+                entry += text.text;
         return entry;
     }
 

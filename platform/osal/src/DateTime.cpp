@@ -1,4 +1,4 @@
-#include "Resets.hpp"
+#include "Internal.hpp"
 #include "osal/date_time.hpp"
 #include "osal/host.hpp"
 

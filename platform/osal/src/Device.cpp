@@ -1,5 +1,6 @@
 #include "osal/device.hpp"
-#include "Resets.hpp"
+#include "Internal.hpp"
+#include "Listeners.hpp"
 #include "osal/host.hpp"
 #include "osal/input.hpp"
 #include "osal/timer.hpp"
@@ -16,7 +17,7 @@ namespace {
 struct DeviceState {
     std::mutex mutex;
     std::vector<osal::host::Beep> beeps;
-    std::function<void(const osal::host::Beep&)> beepHandler;
+    osal::detail::Listeners<osal::host::Beep> listeners;
     std::atomic<bool> battery{true};
     std::atomic<bool> ethernet{true};
     std::atomic<bool> virtualTime{false};
@@ -50,22 +51,23 @@ void Timer::restart() {
 void device::beep(unsigned frequencyHz, unsigned durationMs) {
     auto& d = dev();
     osal::host::Beep b{frequencyHz, durationMs, osal::monotonicMs()};
-    std::function<void(const osal::host::Beep&)> handler;
     {
         std::lock_guard<std::mutex> lock(d.mutex);
         d.beeps.push_back(b);
-        handler = d.beepHandler;
     }
-    if (handler)
-        handler(b);
+    osal::detail::noteDone("beep " + std::to_string(frequencyHz) + " Hz " + std::to_string(durationMs) +
+                           " ms");
+    d.listeners.notify(b);
 }
 
 void device::sleep(unsigned milliseconds) {
-    auto& d = dev();
-    if (d.virtualTime.load())
-        d.virtualNowMs += milliseconds;
-    else
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    if (osal::detail::passTimeAtOnce(std::chrono::milliseconds(milliseconds))) {
+        osal::detail::noteDone("slept " + std::to_string(milliseconds) + " ms at once");
+        return;
+    }
+    osal::detail::sleepBegins(milliseconds);
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    osal::detail::sleepEnds();
 }
 
 bool device::DeviceInformation::batterySupported() {
@@ -143,11 +145,19 @@ std::string getKeyName(Key key) {
 } // namespace device::input
 
 namespace osal::detail {
+
+bool passTimeAtOnce(std::chrono::milliseconds time) {
+    auto& d = dev();
+    if (!d.virtualTime.load())
+        return false;
+    d.virtualNowMs += time.count();
+    return true;
+}
+
 void resetDevice() {
     auto& d = dev();
     std::lock_guard<std::mutex> lock(d.mutex);
-    d.beeps.clear();
-    d.beepHandler = nullptr;
+    d.beeps.clear(); // listeners stay: they belong to whoever added them
     d.battery = true;
     d.ethernet = true;
     d.virtualTime = false;
@@ -188,10 +198,12 @@ void clearBeeps() {
     d.beeps.clear();
 }
 
-void setBeepHandler(std::function<void(const Beep&)> handler) {
-    auto& d = dev();
-    std::lock_guard<std::mutex> lock(d.mutex);
-    d.beepHandler = std::move(handler);
+int addBeepListener(std::function<void(const Beep&)> listener) {
+    return dev().listeners.add(std::move(listener));
+}
+
+void removeBeepListener(int id) {
+    dev().listeners.remove(id);
 }
 
 } // namespace osal::host

@@ -1,5 +1,5 @@
 #include "osal/localization.hpp"
-#include "Resets.hpp"
+#include "Internal.hpp"
 #include "osal/host.hpp"
 #include "osal/strings.hpp"
 
@@ -73,14 +73,19 @@ std::string pseudoLocalized(const std::string& text, double factor) {
 } // namespace
 
 std::string Localization::getLocalizedString(int id) {
-    auto& t = table();
-    std::lock_guard<std::mutex> lock(t.mutex);
-    if (!t.loaded)
-        loadInto(t, kDefaultStrings), t.loaded = true;
-    auto it = t.strings.find(id);
-    if (it == t.strings.end())
-        throw LocalizationException("no localized string with id " + std::to_string(id));
-    return t.pseudoFactor > 0 ? pseudoLocalized(it->second, t.pseudoFactor) : it->second;
+    std::string text;
+    {
+        auto& t = table();
+        std::lock_guard<std::mutex> lock(t.mutex);
+        if (!t.loaded)
+            loadInto(t, kDefaultStrings), t.loaded = true;
+        auto it = t.strings.find(id);
+        if (it == t.strings.end())
+            throw LocalizationException("no localized string with id " + std::to_string(id));
+        text = t.pseudoFactor > 0 ? pseudoLocalized(it->second, t.pseudoFactor) : it->second;
+    }
+    osal::detail::textGiven(text, true);
+    return text;
 }
 
 localization::Currency Localization::getDefaultCurrency() {

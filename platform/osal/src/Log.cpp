@@ -1,5 +1,5 @@
 #include "osal/log.hpp"
-#include "Resets.hpp"
+#include "Internal.hpp"
 #include "osal/host.hpp"
 
 #include <boost/exception/diagnostic_information.hpp>

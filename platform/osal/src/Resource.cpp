@@ -1,5 +1,5 @@
 #include "osal/resource.hpp"
-#include "Resets.hpp"
+#include "Internal.hpp"
 #include "osal/host.hpp"
 
 #include <array>

@@ -1,4 +1,9 @@
 #include "osal/strings.hpp"
+#include "Internal.hpp"
+#include "Listeners.hpp"
+#include "osal/host.hpp"
+
+#include <thread>
 
 std::string trim(const std::string& text, const std::string& chars) {
     const auto first = text.find_first_not_of(chars);
@@ -9,6 +14,10 @@ std::string trim(const std::string& text, const std::string& chars) {
 }
 
 std::vector<std::string> splitOnDelimeters(const std::string& text, const std::string& delimiters) {
+    // Split into words, a text is about to be laid out in lines: the host's tests check that
+    // what was given is what was shown.
+    if (delimiters.find(' ') != std::string::npos)
+        osal::detail::textGiven(text, false);
     std::vector<std::string> pieces;
     std::string::size_type start = 0;
     while (start <= text.size()) {
@@ -22,3 +31,33 @@ std::vector<std::string> splitOnDelimeters(const std::string& text, const std::s
     }
     return pieces;
 }
+
+namespace {
+
+osal::detail::Listeners<osal::host::GivenText>& textListeners() {
+    static auto& listeners = *new osal::detail::Listeners<osal::host::GivenText>; // never destroyed
+    return listeners;
+}
+
+} // namespace
+
+namespace osal::detail {
+
+void textGiven(const std::string& text, bool lookedUp) {
+    if (!textListeners().empty())
+        textListeners().notify({text, lookedUp, std::this_thread::get_id()});
+}
+
+} // namespace osal::detail
+
+namespace osal::host {
+
+int addTextListener(std::function<void(const GivenText&)> listener) {
+    return textListeners().add(std::move(listener));
+}
+
+void removeTextListener(int id) {
+    textListeners().remove(id);
+}
+
+} // namespace osal::host

@@ -48,10 +48,12 @@ struct Call {
     std::string str() const;                  // "CanvasDrawText(c1, 0, 0, 20, f1, 0, 0xff000000, \"Hi\")"
 };
 void setTracing(bool enabled); // off by default
-// Called with every Xui call as it is made, on the calling thread, whether or not the trace is
-// on; for recorders that watch a long session without keeping it all. The listener runs with
-// the stand-in's lock held: it must not call Xui (nor xui_host). Null removes it; reset() too.
-void setCallListener(std::function<void(const Call&)> listener);
+// Adds a listener called with every Xui call as it is made, on the calling thread, whether or
+// not the trace is on: for recorders that watch a long session without keeping it all. Any
+// number may listen, each added and removed by its owner (reset() leaves them). A listener
+// runs with the stand-in's lock held: it must not call Xui (nor xui_host).
+int addCallListener(std::function<void(const Call&)> listener);
+void removeCallListener(int id);
 void clearTrace();
 std::vector<Call> trace();
 std::vector<Call> trace(const std::string& function); // only the calls of one function
@@ -67,6 +69,31 @@ bool waitForFrames(uint64_t count, std::chrono::milliseconds timeout);
 uint64_t mainFramesShown();
 bool waitForMainFrames(uint64_t count, std::chrono::milliseconds timeout);
 
+// A frame of the main area begins with the first drawing into a canvas of the root after that
+// canvas was hidden (or, drawing nothing, when it is shown): the rendering thread's work on it
+// started then. Counted from the first display, never reset.
+uint64_t mainFramesBegun();
+// What a canvas showed when it was shown: every call that drew into it since it was last hidden
+// or given a background, while calls are traced or listened to.
+struct Frame {
+    uint64_t number = 0; // of the main frames shown, for the main area; 0: none yet
+    uint64_t begun = 0;  // of the main frames begun, when this one began
+    std::string canvas;  // "c2"
+    unsigned width = 0;
+    unsigned height = 0;
+    std::vector<Call> calls;
+    // The status bar's canvas shown last when this one was shown, as it was shown.
+    std::string headerCanvas;
+    unsigned headerWidth = 0;
+    unsigned headerHeight = 0;
+    std::vector<Call> headerCalls;
+};
+// The frame of the main area shown last while calls were traced or listened to.
+Frame lastMainFrame();
+// Waits until a frame of the main area that began after begun frames had begun is shown: a
+// frame begun after mainFramesBegun() was read drew what was asked for before; false on time-out.
+bool waitForMainFrameBegunAfter(uint64_t begun, std::chrono::milliseconds timeout);
+
 // Text measurements -------------------------------------------------------------------------
 // XuiTextWidth calls since start-up or the last reset(), and the bytes they measured: on a
 // terminal the vendor's measuring is what a layout costs.
@@ -75,6 +102,9 @@ struct TextMeasurements {
     uint64_t bytes = 0;
 };
 TextMeasurements textMeasurements();
+// The width of text at size in a font the trace names ("f1"), as XuiTextWidth gives it, without
+// counting it among the measurements; 0 for an unknown font.
+int textWidth(const std::string& font, unsigned size, const std::string& text);
 
 // Pixels ------------------------------------------------------------------------------------
 struct Pixels {

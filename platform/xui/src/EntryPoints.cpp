@@ -43,6 +43,13 @@ namespace {
             record(__func__ + 3, {__VA_ARGS__});                                                             \
     } while (0)
 
+// A call that draws into canvas (null when the handle is unknown), kept with the frame it holds.
+#define TRACE_INTO(canvas, ...)                                                                              \
+    do {                                                                                                     \
+        if (tracing())                                                                                       \
+            record(__func__ + 3, {__VA_ARGS__}, canvas);                                                     \
+    } while (0)
+
 int parseArgument(int argc, char** argv, const char* key, int fallback) {
     const size_t n = std::strlen(key);
     for (int i = 0; argv && i < argc; ++i)
@@ -197,7 +204,7 @@ int XuiDestroyWindow(XuiWindow* window) {
 }
 
 int XuiShowWindow(XuiWindow* window, int visible, int flags) {
-    bool shown = false, main = false;
+    std::optional<xui_host::Frame> mainFrame;
     {
         auto& s = state();
         Lock lock(s.mutex);
@@ -206,11 +213,11 @@ int XuiShowWindow(XuiWindow* window, int visible, int flags) {
         if (!c)
             return -1;
         c->visible = visible != 0;
-        shown = c->visible;
-        main = c->parent == s.root;
+        mainFrame = noteShown(*c, c->visible);
+        if (!c->visible)
+            return 0;
     }
-    if (shown)
-        noteFrameShown(main);
+    noteFrameShown(std::move(mainFrame));
     return 0;
 }
 
@@ -221,6 +228,7 @@ int XuiCanvasSetBackground(XuiWindow* canvas, XuiBgStyle style, XuiImg* image, X
     Canvas* c = findCanvas(canvas);
     if (!c)
         return -1;
+    c->drawn.clear(); // a new background clears what the canvas held
     Image* img = image ? findImage(image) : nullptr;
     c->background = color;
     c->backgroundStyle = style;
@@ -264,12 +272,14 @@ int XuiCanvasDrawText(XuiWindow* canvas, unsigned x, unsigned y, unsigned size, 
                       XuiTextStyle style, XuiColor color, const char* text) {
     auto& s = state();
     Lock lock(s.mutex);
-    TRACE(arg(canvas), arg(x), arg(y), arg(size), arg(font), arg(style), argHex(color), argText(text));
     Canvas* c = findCanvas(canvas);
+    TRACE_INTO(c, arg(canvas), arg(x), arg(y), arg(size), arg(font), arg(style), argHex(color),
+               argText(text));
     Font* f = findFont(font);
     // A text size beyond any panel would only make FreeType render glyphs of gigabytes.
     if (!c || !f || !text || size > kMaxTextSize)
         return -1;
+    noteDrawing(*c);
     // Coordinates wrapped around from unsigned arithmetic are far off the canvas: clip them.
     if (x > 0x7FFFFFFFu || y > 0x7FFFFFFFu)
         return 0;
@@ -292,10 +302,12 @@ int XuiCanvasDrawRect(XuiWindow* canvas, unsigned x, unsigned y, unsigned width,
                       XuiColor color, int radius, int fill) {
     auto& s = state();
     Lock lock(s.mutex);
-    TRACE(arg(canvas), arg(x), arg(y), arg(width), arg(height), argHex(color), arg(radius), arg(fill));
     Canvas* c = findCanvas(canvas);
+    TRACE_INTO(c, arg(canvas), arg(x), arg(y), arg(width), arg(height), argHex(color), arg(radius),
+               arg(fill));
     if (!c)
         return -1;
+    noteDrawing(*c);
     if (x > 0x7FFFFFFFu || y > 0x7FFFFFFFu)
         return 0;
     fillRect(*c, int(x), int(y), int(std::min(width, 0x7FFFFFFFu)), int(std::min(height, 0x7FFFFFFFu)), color,
@@ -307,11 +319,12 @@ int XuiCanvasDrawImg(XuiWindow* canvas, unsigned x, unsigned y, unsigned width, 
                      XuiBgStyle style, XuiImg* image) {
     auto& s = state();
     Lock lock(s.mutex);
-    TRACE(arg(canvas), arg(x), arg(y), arg(width), arg(height), arg(style), arg(image));
     Canvas* c = findCanvas(canvas);
+    TRACE_INTO(c, arg(canvas), arg(x), arg(y), arg(width), arg(height), arg(style), arg(image));
     Image* img = findImage(image);
     if (!c || !img)
         return -1;
+    noteDrawing(*c);
     if (x > 0x7FFFFFFFu || y > 0x7FFFFFFFu || width > 0x7FFFFFFFu || height > 0x7FFFFFFFu)
         return 0;
     drawImage(*c, int(x), int(y), int(width), int(height), style, *img);
@@ -525,10 +538,11 @@ XuiWindow* XuiCreateGif(XuiWindow* parent, unsigned x, unsigned y, unsigned widt
     auto anim = decodeGif(path);
     auto& s = state();
     Lock lock(s.mutex);
-    TRACE(arg(parent), arg(x), arg(y), arg(width), arg(height), argText(path));
     Canvas* p = findCanvas(parent);
+    TRACE_INTO(p, arg(parent), arg(x), arg(y), arg(width), arg(height), argText(path));
     if (!p || !anim || width == 0 || height == 0 || uint64_t(width) * height > 64ull * 1024 * 1024)
         return nullptr;
+    noteDrawing(*p);
     Canvas* c = createCanvas(p, x, y, width, height);
     c->gif = std::move(anim);
     c->visible = true;
@@ -592,6 +606,17 @@ void reset() {
     }
     keysReset();
     traceReset();
+}
+
+int textWidth(const std::string& font, unsigned size, const std::string& text) {
+    auto& s = state();
+    Lock lock(s.mutex);
+    if (size == 0 || size > kMaxTextSize)
+        return 0;
+    for (auto& [handle, f] : s.fonts)
+        if ("f" + std::to_string(f->id) == font)
+            return xui_impl::textWidth(*f, size, text.c_str());
+    return 0;
 }
 
 TextMeasurements textMeasurements() {

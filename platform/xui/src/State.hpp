@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -60,6 +61,12 @@ struct Canvas : _XuiWindow {
     XuiButtonStat buttonStat[2] = {};
     int buttonKey = 0;
     std::vector<uint16_t> signature{0xFFFF, 0xFFFF};
+    // What was drawn into it since it was last hidden or cleared whole, while calls are
+    // recorded: the frame it holds.
+    std::vector<xui_host::Call> drawn;
+    // For a canvas of the root: the number of the main frame begun in it (its first drawing
+    // since it was last hidden), 0 while none.
+    uint64_t begun = 0;
 
     Canvas(unsigned w, unsigned h);
 };
@@ -91,6 +98,9 @@ struct State {
     bool animationPinned = false;
     uint64_t measuredTexts = 0; // XuiTextWidth calls
     uint64_t measuredBytes = 0; // and the bytes they measured
+    uint64_t mainFramesBegun = 0;
+    // The status bar's canvas shown last, as it was when shown.
+    xui_host::Frame header;
     std::chrono::milliseconds pinnedAnimationTime{0};
 };
 
@@ -140,8 +150,15 @@ void keysReset();
 
 // Trace
 bool tracing();
-void record(const char* function, std::vector<std::string> args);
-void noteFrameShown(bool mainArea);
+// Records a call; into, when given, is the canvas it draws into (State::mutex held).
+void record(const char* function, std::vector<std::string> args, Canvas* into = nullptr);
+// A canvas is drawn into: on the root, the first drawing begins a main frame (mutex held).
+void noteDrawing(Canvas& canvas);
+// A canvas is shown or hidden (mutex held): frames begin, end and are kept here. Returns the
+// frame of the main area it presents, if it is one.
+std::optional<xui_host::Frame> noteShown(Canvas& canvas, bool visible);
+// Counts a frame shown and keeps the main area's; call without State::mutex held.
+void noteFrameShown(std::optional<xui_host::Frame> mainFrame);
 void traceReset();
 std::string arg(const void* handle);
 std::string arg(long long value);

@@ -1,6 +1,7 @@
 // The call trace and the frame counter, for tests that assert what the library asked for.
 #include "State.hpp"
 
+#include <algorithm>
 #include <condition_variable>
 #include <cstdio>
 #include <functional>
@@ -9,14 +10,19 @@
 namespace xui_impl {
 namespace {
 
+using Listeners = std::vector<std::pair<int, std::function<void(const xui_host::Call&)>>>;
+
 struct Trace {
     std::mutex mutex;
     std::condition_variable frameShown;
     bool enabled = false;
     std::vector<xui_host::Call> calls;
-    std::shared_ptr<const std::function<void(const xui_host::Call&)>> listener;
+    // Replaced whole, never changed in place: a call made while one goes keeps the list it saw.
+    std::shared_ptr<const Listeners> listeners;
+    int nextListener = 1;
     uint64_t frames = 0;
     uint64_t mainFrames = 0;
+    xui_host::Frame lastMainFrame;
 };
 
 Trace& tr() {
@@ -29,30 +35,68 @@ Trace& tr() {
 bool tracing() {
     auto& t = tr();
     std::lock_guard<std::mutex> lock(t.mutex);
-    return t.enabled || t.listener;
+    return t.enabled || t.listeners;
 }
 
-void record(const char* function, std::vector<std::string> args) {
+void record(const char* function, std::vector<std::string> args, Canvas* into) {
     auto& t = tr();
     xui_host::Call call{function, std::move(args), std::chrono::steady_clock::now()};
-    std::shared_ptr<const std::function<void(const xui_host::Call&)>> listener;
+    std::shared_ptr<const Listeners> listeners;
     {
         std::lock_guard<std::mutex> lock(t.mutex);
-        listener = t.listener;
+        listeners = t.listeners;
         if (t.enabled)
             t.calls.push_back(call);
     }
-    if (listener)
-        (*listener)(call);
+    if (listeners)
+        for (const auto& listener : *listeners)
+            listener.second(call);
+    if (into)
+        into->drawn.push_back(std::move(call));
 }
 
-void noteFrameShown(bool mainArea) {
+void noteDrawing(Canvas& canvas) {
+    auto& s = state();
+    if (canvas.parent == s.root && canvas.begun == 0)
+        canvas.begun = ++s.mainFramesBegun;
+}
+
+std::optional<xui_host::Frame> noteShown(Canvas& canvas, bool visible) {
+    auto& s = state();
+    if (!visible) {
+        canvas.drawn.clear();
+        canvas.begun = 0;
+        return std::nullopt;
+    }
+    xui_host::Frame frame;
+    frame.canvas = canvas.name;
+    frame.width = canvas.width;
+    frame.height = canvas.height;
+    frame.calls = canvas.drawn;
+    if (canvas.parent == s.statusbar) {
+        s.header = std::move(frame);
+        return std::nullopt;
+    }
+    if (canvas.parent != s.root)
+        return std::nullopt;
+    noteDrawing(canvas); // a frame that drew nothing began no later than now
+    frame.begun = canvas.begun;
+    frame.headerCanvas = s.header.canvas;
+    frame.headerWidth = s.header.width;
+    frame.headerHeight = s.header.height;
+    frame.headerCalls = s.header.calls;
+    return frame;
+}
+
+void noteFrameShown(std::optional<xui_host::Frame> mainFrame) {
     auto& t = tr();
     {
         std::lock_guard<std::mutex> lock(t.mutex);
         ++t.frames;
-        if (mainArea)
-            ++t.mainFrames;
+        if (mainFrame) {
+            mainFrame->number = ++t.mainFrames;
+            t.lastMainFrame = std::move(*mainFrame);
+        }
     }
     t.frameShown.notify_all();
 }
@@ -60,11 +104,11 @@ void noteFrameShown(bool mainArea) {
 void traceReset() {
     auto& t = tr();
     std::lock_guard<std::mutex> lock(t.mutex);
-    t.enabled = false;
-    t.listener.reset();
+    t.enabled = false; // listeners stay: they belong to whoever added them
     t.calls.clear();
     t.frames = 0;
     t.mainFrames = 0;
+    t.lastMainFrame = {};
 }
 
 std::string arg(const void* handle) {
@@ -123,13 +167,27 @@ void setTracing(bool enabled) {
     t.enabled = enabled;
 }
 
-void setCallListener(std::function<void(const Call&)> listener) {
+int addCallListener(std::function<void(const Call&)> listener) {
     auto& t = xui_impl::tr();
     std::lock_guard<std::mutex> lock(t.mutex);
-    if (listener)
-        t.listener = std::make_shared<const std::function<void(const Call&)>>(std::move(listener));
-    else
-        t.listener.reset();
+    auto listeners = t.listeners ? std::make_shared<xui_impl::Listeners>(*t.listeners)
+                                 : std::make_shared<xui_impl::Listeners>();
+    const int id = t.nextListener++;
+    listeners->emplace_back(id, std::move(listener));
+    t.listeners = std::move(listeners);
+    return id;
+}
+
+void removeCallListener(int id) {
+    auto& t = xui_impl::tr();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    if (!t.listeners)
+        return;
+    auto listeners = std::make_shared<xui_impl::Listeners>(*t.listeners);
+    listeners->erase(std::remove_if(listeners->begin(), listeners->end(),
+                                    [id](const auto& listener) { return listener.first == id; }),
+                     listeners->end());
+    t.listeners = listeners->empty() ? nullptr : std::move(listeners);
 }
 
 void clearTrace() {
@@ -181,6 +239,24 @@ uint64_t mainFramesShown() {
 }
 bool waitForMainFrames(uint64_t count, std::chrono::milliseconds timeout) {
     return waitForFrames(&xui_impl::Trace::mainFrames, count, timeout);
+}
+
+uint64_t mainFramesBegun() {
+    auto& s = xui_impl::state();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    return s.mainFramesBegun;
+}
+
+bool waitForMainFrameBegunAfter(uint64_t begun, std::chrono::milliseconds timeout) {
+    auto& t = xui_impl::tr();
+    std::unique_lock<std::mutex> lock(t.mutex);
+    return t.frameShown.wait_for(lock, timeout, [&] { return t.lastMainFrame.begun > begun; });
+}
+
+Frame lastMainFrame() {
+    auto& t = xui_impl::tr();
+    std::lock_guard<std::mutex> lock(t.mutex);
+    return t.lastMainFrame;
 }
 
 } // namespace xui_host

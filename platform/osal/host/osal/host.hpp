@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace osal::host {
@@ -54,7 +55,9 @@ void setCapabilities(bool battery, bool ethernet);
 void pinClock(int64_t localSecondsSinceEpoch);
 void unpinClock();
 
-// Virtual time for the monotonic clock: device::sleep then advances it at once.
+// Virtual time for the monotonic clock: device::sleep then advances it at once, and so does a
+// timed wait on an event that nobody has ever signalled (a pause in a timed sequence, such as
+// the contactless indicator's); a timed wait for someone's signal still takes its real time.
 void useVirtualTime(bool enabled);
 void advanceTime(std::chrono::milliseconds by);
 
@@ -66,7 +69,32 @@ struct Beep {
 };
 std::vector<Beep> beeps();
 void clearBeeps();
-// Called for each beep, for a simulator that plays them.
-void setBeepHandler(std::function<void(const Beep&)> handler);
+// Adds a listener called with each beep as it sounds, on the beeping thread: for a simulator
+// that plays them and recorders that watch them. Any number may listen, each added and removed
+// by its owner (reset() leaves them).
+int addBeepListener(std::function<void(const Beep&)> listener);
+void removeBeepListener(int id);
+
+// Texts handed out for display: every string looked up (Localization::getLocalizedString) and
+// every text given to be laid out in lines (split into words on spaces), on the thread that
+// asked. A test compares them with what was drawn: a text given but not drawn whole is cut.
+struct GivenText {
+    std::string text;
+    bool lookedUp = false; // a localized string, or else a text laid out
+    std::thread::id thread;
+};
+int addTextListener(std::function<void(const GivenText&)> listener);
+void removeTextListener(int id);
+
+// Threads at work. The stand-in sees every thread that signals or waits on an
+// AutomaticResetEvent, sleeps or beeps. A thread is at work from the moment it takes a signal
+// that a thread not itself at work gave (a request: a state change, a redraw asked for) until it
+// waits for someone again; a thread that sleeps, or pauses on an event nobody ever signals (a
+// step of a timed sequence), is at work while it does. Returns once no thread but the caller is
+// at work and no request waits to be taken; false on time-out.
+bool waitUntilSettled(std::chrono::milliseconds timeout);
+// What keeps waitUntilSettled waiting, in words ("thread 3 sleeping 400 ms, last beep 750 Hz
+// 200 ms"); empty when nothing does.
+std::string unsettled();
 
 } // namespace osal::host

@@ -6,12 +6,14 @@
 //   EXPECT_THAT(terminal.timeline(), ui::kit::SoundedTones({{1500, 500}}));
 //   EXPECT_THAT(terminal.timeline(), ui::kit::HappenedInOrder({"leds 1100", "leds 1110", "leds 1111"}));
 //   EXPECT_EQ(terminal.leds(), "1111");
+//   EXPECT_THAT(terminal.fit(), ui::kit::FitsOnScreen());
 #pragma once
 
 #include "ui/kit/Terminal.hpp"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -66,6 +68,20 @@ MATCHER_P(TonesAre, tones, "sounded exactly " + joined(tones, "no tone")) {
     return seen == tones;
 }
 
+MATCHER_P(Fits, hidden, "fits on the screen") {
+    std::string lost;
+    for (const Overflow& overflow : arg) {
+        const bool meant = overflow.kind == Overflow::NotShown &&
+                           std::find(hidden.begin(), hidden.end(), overflow.text) != hidden.end();
+        if (!meant)
+            lost += "\n  " + describe(overflow);
+    }
+    if (lost.empty())
+        return true;
+    *result_listener << "these do not fit:" << lost;
+    return false;
+}
+
 MATCHER_P(EventsInOrder, events, "holds, in this order, " + joined(events, "nothing")) {
     size_t next = 0;
     for (const Event& event : arg)
@@ -96,6 +112,14 @@ inline auto SoundedTones(std::initializer_list<Tone> tones) {
         wanted.push_back("tone " + std::to_string(tone.hertz) + " Hz " + std::to_string(tone.milliseconds) +
                          " ms");
     return detail::TonesAre(wanted);
+}
+
+// What Terminal::fit found of a screen: nothing drawn past an edge, nothing cut, and no text
+// laid out but not drawn, except those named in hidden (a widget hidden on purpose, such as an
+// error line until the entry is wrong). The failure names each text, where it is and what of it
+// was lost.
+inline auto FitsOnScreen(std::vector<std::string> hidden = {}) {
+    return detail::Fits(std::move(hidden));
 }
 
 // The timeline holds these events ("leds 1100", "tone 1500 Hz 500 ms") in this order, others

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <osal/host.hpp>
-#include <ui/kit/Recorder.hpp>
 #include <xui_host.hpp>
 
 #include <chrono>
@@ -26,9 +25,12 @@ struct Step {
     xui_host::Pixels screen;
     std::string leds;                // the LEDs after the step, '1' lit
     std::vector<std::string> events; // "+0123 ms leds 1100", "+0123 ms tone 1500 Hz 500 ms"
+    // Texts on the screen that do not fit (see Fit.hpp), one line each.
+    std::vector<std::string> overflows;
 };
 
-// The timeline as written to timeline.txt; without times (for comparisons) when asked.
+// The timeline as written to timeline.txt, a step's overflows after its events ("  overflow
+// ..."); without times (for comparisons) when asked.
 std::vector<std::string> timelineLines(const std::vector<Step>& steps, bool withTimes);
 
 // Writes every picture, session.gif, timeline.txt, tones.wav and storyboard.html under folder

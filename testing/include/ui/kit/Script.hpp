@@ -82,13 +82,12 @@ public:
     virtual void setUpdateAvailable(bool available);
     // The clock line has moved the pinned clock: redraw the header (default: updateHeader).
     virtual void refreshHeader();
-    // Returns once the application has done all that the last line started (default: at once).
+    // Returns once the application has done all that the last line started on threads of its
+    // own (default: at once). What the library's threads do is waited for without it.
     virtual void waitUntilIdle() {}
-    // The state last asked of the contactless indicator, and how many changes were asked so
-    // far: a session waits for the indicator to finish after a change, and for the idle flash
-    // while it is Idle. The defaults (Ready, none) make it wait for neither.
+    // The state last asked of the contactless indicator: while it is Idle, a session pictures a
+    // step once the idle flash is lit. The default (Ready) never waits for the flash.
     virtual ui::State indicated() const { return ui::State::Ready; }
-    virtual int indicatorChanges() const { return 0; }
 };
 
 // Plays one command: the application's part here, the front end's part through it.

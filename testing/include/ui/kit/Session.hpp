@@ -8,6 +8,7 @@
 //   session.write("out/sale");             // pictures, GIF, timeline, WAV, storyboard
 #pragma once
 
+#include "ui/kit/Fit.hpp"
 #include "ui/kit/Recorder.hpp"
 #include "ui/kit/Recording.hpp"
 #include "ui/kit/Script.hpp"
@@ -20,15 +21,19 @@
 namespace ui::kit {
 
 // Returns once a frame of the main area begun after this call has been drawn and presented,
-// waiting on the stand-in's frame counter (header redraws do not move it); false when none came
-// within timeout. A draw in progress is from before the call and does not count.
+// waiting on the stand-in's frame counters (header redraws do not move them); false when none
+// came within timeout. A frame begun before the call does not count, whenever it is shown.
 bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout);
 
 struct SessionOptions {
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
-    // After the indicator changes state, a step waits until nothing has been drawn or sounded
-    // for this long: longer than the silence inside an alert.
-    std::chrono::milliseconds quiet{600};
+    // A language ("de"): the strings of res/strings/<language>.txt, read when the session
+    // begins, replace the table (make the session before the application, which reads them as
+    // it builds its screens). Only the strings change: currency and date formats are the
+    // terminal's settings. Empty: the strings as the program loaded them.
+    std::string language;
+    // The longest a step may take to settle before the session fails, naming what it waited for.
+    std::chrono::milliseconds patience{5000};
 };
 
 class Session {
@@ -43,31 +48,35 @@ public:
     Session& operator=(const Session&) = delete;
 
     // Runs the script to its end, the same on every run: pictures the start, then each line
-    // once the application is idle again (a wait line only lets time pass). A key is pressed
-    // once the keypad has taken the one before. Throws ScriptError for a line the application
-    // cannot play, naming it. For an idle flash to be pictured the same on every run, give the
-    // indicator a short idle period and a long flash (the demo: 1 s and 10 minutes).
+    // once it has settled (a wait line only lets time pass): the key or the tap handled, the
+    // application idle, every thread the platform sees done with what the line asked of it (the
+    // indicator's sequences and alerts played and their redraws presented), and a frame begun
+    // after that presented. A key is pressed once the keypad has taken the one before. Throws
+    // ScriptError for a line the application cannot play, and std::runtime_error for a step that
+    // does not settle, naming what it waited for. For an idle flash to be pictured the same on
+    // every run, give the indicator a short idle period and a long flash (the demo: 1 s and 10
+    // minutes).
     const std::vector<Step>& play(const std::vector<Command>& script, Application& app);
-    // A moment no line ends on ("processing"): pictured now. The application calls it on its
-    // own thread while play() waits for it to be idle.
+    // A moment no line ends on ("processing"): pictured now, once it has settled. The
+    // application calls it on its own thread while play() waits for it to be idle.
     void moment(const std::string& what);
 
     const std::vector<Step>& steps() const { return steps_; }
     // Writes every picture, session.gif, timeline.txt, tones.wav and storyboard.html under
     // folder and returns their paths; throws std::runtime_error when one cannot be written.
-    std::vector<std::string> write(const std::string& folder) const;
+    std::vector<std::string> write(const std::string& folder);
 
 private:
     void capture(const std::string& action, const std::string& name);
 
     SessionOptions options_;
     Recorder recorder_;
+    FitCheck fit_;
     Application* app_ = nullptr;
     std::vector<Step> steps_;
     int64_t startMs_ = 0;
     int64_t stepStartMs_ = 0;
     int64_t endMs_ = 0;
-    int changesSeen_ = 0;
 };
 
 } // namespace ui::kit

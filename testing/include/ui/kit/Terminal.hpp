@@ -1,6 +1,6 @@
 // The testing kit's terminal: the library brought up on the host stand-ins for one test, keys
 // pressed through the real keypad path, and a settle() that returns once what was asked for is
-// on the panel, waiting on the stand-in's frame counter rather than on a clock.
+// on the panel, waiting on the stand-in's frame counters rather than on a clock.
 //
 // Host only: it links the stand-ins' controls, which no terminal has. Some state is the
 // process's, not the terminal's, and outlives a Terminal: the header icons' pictures (shared by
@@ -11,6 +11,7 @@
 
 #include <ui/ui.hpp>
 
+#include "ui/kit/Fit.hpp"
 #include "ui/kit/Platform.hpp"
 #include "ui/kit/Recorder.hpp"
 
@@ -44,10 +45,16 @@ struct TerminalOptions {
     // mode, offline store, update) on the status bar, changed with header(); false: none.
     bool statusHeader = false;
     // Time that passes with letTimePass (timers, the multi-tap interval, device::sleep) is
-    // virtual: it passes at once. The indicator's own sequences then play at once too.
+    // virtual: it passes at once. The indicator's sequences then play at once too (its pauses
+    // are waits on an event nobody signals, which virtual time passes at once); its idle period
+    // is a wait for a state change and still takes real time.
     bool virtualTime = false;
     // The longest a press or a settle may take before it fails the test.
     std::chrono::milliseconds timeout{5000};
+    // A language ("de"): its strings file, beside strings' and named after it, is read instead
+    // ("res/strings/de.txt"). Only the strings change: the currency and date formats are the
+    // terminal's settings. Empty: strings as they are.
+    std::string language;
 };
 
 // An LED change or a tone, at milliseconds since the terminal came up: "leds 1100",
@@ -57,23 +64,9 @@ struct Event {
     std::string what;
 };
 
-// A text the last settled frame drew, where it drew it (canvas coordinates).
-struct DrawnText {
-    std::string text;
-    unsigned x = 0;
-    unsigned y = 0;
-    uint32_t colour = 0; // as Xui was given it, 0xAARRGGBB
-};
-
-// The texts that the CanvasDrawText calls among calls drew, unquoted, in order.
-std::vector<DrawnText> drawnTexts(const std::vector<xui_host::Call>& calls);
-
 // How GoogleTest prints them in a failure.
 inline void PrintTo(const Event& event, std::ostream* out) {
     *out << "+" << event.atMs << " ms " << event.what;
-}
-inline void PrintTo(const DrawnText& text, std::ostream* out) {
-    *out << "\"" << text.text << "\" at (" << text.x << ", " << text.y << ")";
 }
 
 class Terminal {
@@ -83,10 +76,15 @@ public:
     // Stops the library, then restores the stand-ins' defaults and forgets the services.
     ~Terminal();
 
-    // What the library logged since the terminal came up.
-    std::vector<std::string> log() const { return platform_->log(); }
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
+
+    // What the library logged since the terminal came up.
+    std::vector<std::string> log() const { return platform_->log(); }
+    // An exception the library caught and logged (a key handler's, a draw's, a thread body's)
+    // fails the test when the terminal goes, with what was logged, unless the test takes it
+    // here first: "GraphicsDevice:216: what() of the exception". Returns those not taken yet.
+    std::vector<std::string> takeExceptions();
 
     ui::UserInterface& ui() { return *ui_; }
     ui::IGraphics& graphics() { return *graphics_; }
@@ -112,14 +110,20 @@ public:
 
     // Returns once every update() and updateHeader() asked for before the call has been drawn
     // and presented: the header is redrawn here, and a main frame begun after this call is
-    // waited for. Throws std::runtime_error when no frame comes (no view set, say).
+    // waited for. Throws std::runtime_error when no frame comes (no view set, or a draw that
+    // threw: the message names what was logged).
     void settle();
 
     // After settling: the panel's pixels.
     xui_host::Pixels screen();
-    // The texts of one fresh frame, header and main area, in the order they were drawn (a view
-    // that asks for redraws of its own meanwhile may add another frame's).
+    // After settling: the texts of exactly one presented frame, the header's as that frame's
+    // present showed them, then the main area's, each in the order it was drawn; the same
+    // while the screen or the indicator redraws on threads of their own.
     std::vector<DrawnText> texts();
+    // After settling, what of that frame does not fit: texts drawn past an edge, texts given
+    // since the terminal came up and shown in part, and texts laid out since the last fit() of
+    // which nothing is drawn (see Fit.hpp). Check it with FitsOnScreen (Matchers.hpp).
+    std::vector<Overflow> fit();
 
     // The contactless LEDs as last drawn, '1' lit ("1000"); waitForLeds blocks until they show
     // pattern (the indicator's worker draws them on its own thread), false on time-out.
@@ -136,9 +140,16 @@ public:
     void tap(bool approved = true);
 
 private:
+    // The exceptions logged and not taken, for a message.
+    std::string loggedExceptions() const;
+    // Settles and returns the frame.
+    xui_host::Frame frame();
+
     TerminalOptions options_;
     std::unique_ptr<Platform> platform_;
     std::unique_ptr<Recorder> recorder_;
+    std::unique_ptr<FitCheck> fitCheck_;
+    size_t exceptionsTaken_ = 0;
     std::vector<Event> events_;
     int64_t startMs_ = 0;
     std::function<void(bool)> onTap_;

@@ -4,8 +4,13 @@
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
 
+#include <osal/timer.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <map>
 #include <thread>
@@ -35,6 +40,69 @@ TEST(KitTerminalTest, SettleWithoutAViewFailsInsteadOfHanging) {
     options.timeout = std::chrono::milliseconds(200);
     ui::kit::Terminal terminal(options);
     EXPECT_THROW(terminal.settle(), std::runtime_error);
+}
+
+// A screen whose key handler, or whose drawing, throws: the library logs it and goes on.
+class ThrowingScreen : public app::Screen {
+public:
+    void handleKeyPress(const device::input::Key& key) override {
+        if (key != device::input::KEY_NONE)
+            throw std::runtime_error("no such amount");
+    }
+    void draw(_XuiWindow* canvas) override {
+        if (drawThrows)
+            throw std::runtime_error("no font");
+        Screen::draw(canvas);
+    }
+    bool drawThrows = false;
+};
+
+void pressOnAThrowingScreen() {
+    ui::kit::Terminal terminal;
+    terminal.show(std::make_shared<ThrowingScreen>());
+    terminal.press('5');
+}
+
+TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt) {
+    EXPECT_NONFATAL_FAILURE(pressOnAThrowingScreen(),
+                            "the library caught and logged an exception: KeyBoard:");
+    ui::kit::TerminalOptions options;
+    options.timeout = std::chrono::milliseconds(200);
+    ui::kit::Terminal terminal(options);
+    auto screen = std::make_shared<ThrowingScreen>();
+    screen->drawThrows = true;
+    std::string error;
+    try {
+        terminal.show(screen);
+    } catch (const std::runtime_error& e) {
+        error = e.what();
+    }
+    EXPECT_THAT(error, testing::HasSubstr("the library logged GraphicsDevice:"));
+    EXPECT_THAT(error, testing::HasSubstr(": no font"));
+    screen->drawThrows = false;
+    terminal.settle(); // no draw that throws is under way
+    EXPECT_THAT(terminal.takeExceptions(), testing::Each(testing::EndsWith(": no font")));
+}
+
+// Virtual time passes the indicator's pauses at once; the timeline keeps one clock and the order
+// things happened in, a tone between the LED changes around it.
+TEST(KitTerminalTest, InVirtualTimeTheSuccessSequencePlaysAtOnce_InTheOrderItHappened) {
+    ui::kit::TerminalOptions options;
+    options.virtualTime = true;
+    ui::kit::Terminal terminal(options);
+    terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, CtlsStatusIndicatorConfiguration{});
+    terminal.show(std::make_shared<app::Screen>());
+    ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
+    ASSERT_TRUE(terminal.waitForLeds("1000"));
+    const int64_t before = osal::monotonicMs();
+    ui::ServiceLocator::updateContactlessIndicator(ui::State::Success); // returns once it has played
+    EXPECT_GE(osal::monotonicMs() - before, 800);
+    ASSERT_TRUE(terminal.waitForLeds("0000"));
+    const auto timeline = terminal.timeline();
+    EXPECT_THAT(timeline, ui::kit::HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1100",
+                                                    "leds 1110", "leds 1111", "leds 0000"}));
+    EXPECT_TRUE(std::is_sorted(timeline.begin(), timeline.end(),
+                               [](const auto& a, const auto& b) { return a.atMs < b.atMs; }));
 }
 
 // The matchers on a timeline as the recorder gives it: tones in order and nothing else, events
@@ -75,9 +143,9 @@ public:
 // other core kept busy.
 TEST(KitTerminalTest, TextsHoldExactlyOneFrame_WhileEverythingElseRedraws) {
 #ifdef UI_SLOW_TREE
-    constexpr int reads = 300;
+    constexpr int reads = 200;
 #else
-    constexpr int reads = 3000;
+    constexpr int reads = 2000;
 #endif
     ui::kit::TerminalOptions options;
     options.statusHeader = true;

@@ -1,0 +1,108 @@
+// The headless session as any application gets it: each step waits for what the platform sees
+// the library's threads do, whatever the application tells it, and fails naming what it waited
+// for; a session watches beside terminals.
+#include <app/Screen.hpp>
+#include <ui/kit/Matchers.hpp>
+#include <ui/kit/Session.hpp>
+#include <ui/kit/Terminal.hpp>
+
+#include <osal/device.hpp>
+#include <osal/event.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <thread>
+
+namespace {
+
+std::vector<ui::kit::Command> script(const std::string& text) {
+    std::istringstream in(text);
+    return ui::kit::parseScript(in, "test.session");
+}
+
+// An application that says nothing of its waits: one screen, the indicator Ready, and a card
+// changes the indicator's state on the thread that plays the script.
+class PlainApp : public ui::kit::Application {
+public:
+    PlainApp() : ui_(GraphicsDeviceParams{0, 32}) {
+        ui_.initialize();
+        ui_.enableContactless(app::StatusHeader::kIndicatorArea, CtlsStatusIndicatorConfiguration{});
+        graphics_ = ui::ServiceLocator::getGraphicsService();
+        graphics_->setContext(std::make_shared<app::Screen>());
+        ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
+    }
+    ui::IGraphics& graphics() override { return *graphics_; }
+    void tapCard(bool approved) override {
+        ui::ServiceLocator::updateContactlessIndicator(approved ? ui::State::Success : ui::State::Error);
+    }
+
+private:
+    ui::UserInterface ui_;
+    ui::IGraphics* graphics_ = nullptr;
+};
+
+TEST(KitSessionTest, AStepWaitsForTheIndicatorsSequenceAndAlert_WithoutTheApplicationsHelp) {
+    ui::kit::Platform platform;
+    ui::kit::Session session;
+    PlainApp app;
+    const auto steps = session.play(script("tap\ntap declined\n"), app);
+    EXPECT_EQ(ui::kit::timelineLines(steps, false),
+              (std::vector<std::string>{"step 00  start", "  leds 1000", "step 01  tap", "  tone 1500 Hz 500 ms",
+                                        "  leds 1100", "  leds 1110", "  leds 1111", "  leds 0000",
+                                        "step 02  tap declined", "  tone 750 Hz 200 ms", "  tone 750 Hz 200 ms"}));
+}
+
+// The application's own thread, asked to work on a card, sleeps longer than the session waits.
+class SleepyApp : public PlainApp {
+public:
+    SleepyApp()
+        : worker_([this] {
+              std::mutex mutex;
+              std::unique_lock<std::mutex> lock(mutex);
+              tapped_.wait(lock);
+              device::sleep(400);
+          }) {}
+    ~SleepyApp() override {
+        tapped_.notify_one();
+        worker_.join();
+    }
+    void tapCard(bool) override { tapped_.notify_one(); }
+
+private:
+    AutomaticResetEvent<> tapped_;
+    std::thread worker_;
+};
+
+TEST(KitSessionTest, AStepThatDoesNotSettleFailsNamingWhatItWaitedFor) {
+    ui::kit::Platform platform;
+    ui::kit::SessionOptions options;
+    options.patience = std::chrono::milliseconds(50);
+    ui::kit::Session session(options);
+    SleepyApp app;
+    std::string error;
+    try {
+        session.play(script("tap\n"), app);
+    } catch (const std::runtime_error& e) {
+        error = e.what();
+    }
+    EXPECT_THAT(error, testing::MatchesRegex("step 1 \\(tap\\) did not settle in 50 ms: (an event signalled that "
+                                             "no thread has taken yet|thread [0-9]+ sleeping 400 ms.*)"));
+}
+
+// Watchers made and gone in any order each see what sounded while they watched.
+TEST(KitSessionTest, ASessionAndATerminalWatchTogether_MadeAndGoneInAnyOrder) {
+    auto session = std::make_unique<ui::kit::Session>();
+    auto terminal = std::make_unique<ui::kit::Terminal>();
+    device::beep(1000, 10);
+    session.reset();
+    device::beep(2000, 10);
+    EXPECT_THAT(terminal->timeline(), ui::kit::SoundedTones({{1000, 10}, {2000, 10}}));
+    auto recorder = std::make_unique<ui::kit::Recorder>();
+    terminal.reset();
+    device::beep(3000, 10);
+    EXPECT_EQ(recorder->beeps().size(), 1u);
+}
+
+} // namespace

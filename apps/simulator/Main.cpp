@@ -16,7 +16,7 @@ namespace po = boost::program_options;
 
 int main(int argc, char** argv) {
     po::options_description options("Options");
-    std::string script, out, panel, data;
+    std::string script, out, panel, data, language;
     unsigned zoom = 2;
     double pseudo = 0;
     int rotate = 0, statusbar = 32;
@@ -32,6 +32,9 @@ int main(int argc, char** argv) {
         ("rotate", po::value<int>(&rotate)->default_value(0), "screen rotation passed to Xui")          //
         ("statusbar", po::value<int>(&statusbar)->default_value(32), "status-bar height in pixels")     //
         ("quit-after-script", "window: close once the script has played")                               //
+        ("lang", po::value<std::string>(&language)->default_value("en"),
+         "the language of the strings, res/strings/LANG.txt (en, de); currency and date formats stay "
+         "the terminal's") //
         ("pseudo", po::value<double>(&pseudo)->default_value(0),
          "pseudo-localize every string, FACTOR times as long (1.4: 40 % longer), accented and "
          "bracketed; 0: off") //
@@ -84,7 +87,11 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    osal::host::loadStrings("res/strings/en.txt");
+    if (!osal::host::loadStrings("res/strings/" + language + ".txt")) {
+        std::cerr << "ui_demo: no strings for the language \"" << language << "\" (res/strings/" << language
+                  << ".txt)\n";
+        return 2;
+    }
     xui_host::setPanelSize(width, height);
     demo::AppOptions app;
     app.display = GraphicsDeviceParams{rotate, statusbar};
@@ -99,7 +106,7 @@ int main(int argc, char** argv) {
         return demo::runWindow(window);
     }
     try {
-        const auto result = demo::runSession(commands, {app, out, pseudo});
+        const auto result = demo::runSession(commands, {app, out, pseudo, ""});
         std::cout << "Played " << result.steps.size() << " steps; wrote " << result.files.size()
                   << " files to " << out << ":\n  " << out
                   << "/storyboard.html (open this), session.gif, timeline.txt, tones.wav\n";

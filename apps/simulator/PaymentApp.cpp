@@ -12,6 +12,7 @@ using ui::State;
 namespace {
 
 const std::string kRes = "res/";
+constexpr unsigned kHintHeight = 28; // two lines of 14 pixels
 
 // String identifiers of res/strings/<language>.txt.
 enum Text : StringId {
@@ -49,6 +50,11 @@ enum Text : StringId {
     AmountAboveZero = 43,
     EntryHint = 44,
     NotAccepted = 45,
+    SettingsHint = 47,
+    BackHint = 48,
+    DoneHint = 49,
+    LibraryName = 50,
+    IndicatorName = 51,
 };
 
 std::string text(StringId id) {
@@ -66,9 +72,11 @@ unsigned screenHeight() {
     return static_cast<unsigned>(GetMainCanvasHeight());
 }
 
+// A centred label across the screen, or across width from x: its lines are made for that width.
 std::shared_ptr<ui::Label> label(unsigned y, unsigned height, const std::string& s, unsigned size = 20,
-                                 resource::BrandingColorId colour = resource::BRAND_TEXT) {
-    auto l = std::make_shared<ui::Label>(0, y, screenWidth(), height);
+                                 resource::BrandingColorId colour = resource::BRAND_TEXT, unsigned x = 0,
+                                 unsigned width = screenWidth()) {
+    auto l = std::make_shared<ui::Label>(x, y, width, height);
     l->setText(s);
     l->setHeight(height);
     l->setAlignment(ui::utils::Centre);
@@ -77,9 +85,10 @@ std::shared_ptr<ui::Label> label(unsigned y, unsigned height, const std::string&
     return l;
 }
 
-// The line of key help at the foot of a screen. A label makes one space of a run of spaces,
-// so each hint the text holds ("ENTER: confirm   CANCEL: back") is a label of its own, centred
-// in its share of the line.
+// The key help at the foot of a screen. A label makes one space of a run of spaces, so each
+// hint the text holds ("ENTER: confirm   CANCEL: back") is a label of its own, centred in its
+// share of the width, with room for a second line: lines are made at 20-pixel measures, so a
+// long translation wraps even where its 14-pixel letters would fit.
 std::shared_ptr<app::Screen> hint(const std::string& s) {
     std::vector<std::string> parts;
     for (std::size_t start = 0; start < s.size();) {
@@ -91,14 +100,11 @@ std::shared_ptr<app::Screen> hint(const std::string& s) {
         if (start == std::string::npos)
             break;
     }
-    auto line = std::make_shared<app::Screen>(0, screenHeight() - 20, screenWidth(), 20);
+    auto line = std::make_shared<app::Screen>(0, screenHeight() - kHintHeight, screenWidth(), kHintHeight);
     const unsigned cell = parts.empty() ? screenWidth() : screenWidth() / unsigned(parts.size());
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        auto l = label(screenHeight() - 20, 20, parts[i], 14, resource::BRAND_SECONDARY_TEXT);
-        l->setX(unsigned(i) * cell);
-        l->setWidth(cell);
-        line->add(l);
-    }
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        line->add(label(screenHeight() - kHintHeight, kHintHeight, parts[i], 14,
+                        resource::BRAND_SECONDARY_TEXT, unsigned(i) * cell, cell));
     return line;
 }
 
@@ -354,12 +360,14 @@ void PaymentApp::presentCard(const std::string& amount) {
     amount_ = amount;
     auto screen = std::make_shared<DemoScreen>(*this);
     screen->add(title(refund_ ? RefundTitle : SaleTitle));
-    screen->add(label(28, 34, default_format_policy().formatValue(amount), 32));
+    screen->add(label(24, 34, default_format_policy().formatValue(amount), 32));
     screen->gif = std::make_shared<ui::GIF>(kRes + "images/demo/present_card.gif", (screenWidth() - 120) / 2,
-                                            66, 120, 90);
+                                            58, 120, 90);
     screen->add(screen->gif);
-    screen->add(label(160, 20, text(PresentCard)));
-    screen->add(hint("CANCEL: back"));
+    // Below the picture's window, which covers what is drawn under it, and above the key help:
+    // room for two lines of 16 pixels, as a long translation of the invitation needs.
+    screen->add(label(148, 36, text(PresentCard), 16));
+    screen->add(hint(text(BackHint)));
     screen->onKey = [this](Key key) {
         if (key == device::input::KEY_CANCEL)
             showIdle();
@@ -398,7 +406,7 @@ void PaymentApp::authorise(bool approved) {
         resource::ResourceMapping::getResourceColor(resource::BRAND_PROGRESS_FULL));
     bar->setVisible(false);
     result->add(bar);
-    auto done = hint("ENTER: done");
+    auto done = hint(text(DoneHint));
     result->add(done);
     result->onKey = [this](Key key) {
         if (key == device::input::KEY_ENTER || key == device::input::KEY_CANCEL)
@@ -442,9 +450,10 @@ void PaymentApp::showSettings(const std::string& status, int selected) {
     for (int i = 0; i < selected; ++i)
         menu->down();
     screen->add(menu);
+    // Two lines above the key help: what was saved, and its value, may need both.
     if (!status.empty())
-        screen->add(label(screenHeight() - 44, 20, status, 16, resource::BRAND_ACCENT_TEXT));
-    screen->add(hint("ENTER: change   CANCEL: back"));
+        screen->add(label(screenHeight() - kHintHeight - 36, 36, status, 16, resource::BRAND_ACCENT_TEXT));
+    screen->add(hint(text(SettingsHint)));
     screen->onKey = [this, menu](Key key) {
         if (key == device::input::KEY_UP || key == device::input::KEY_DOWN) {
             key == device::input::KEY_UP ? menu->up() : menu->down();
@@ -513,10 +522,11 @@ void PaymentApp::editSetting(Setting setting) {
 void PaymentApp::showAbout() {
     auto screen = std::make_shared<DemoScreen>(*this);
     screen->add(title(AboutTitle));
-    screen->add(label(50, 24, text(AppName), 22));
-    screen->add(label(84, 20, "UI library " + getUserInterfaceVersion()));
-    screen->add(label(110, 20, "Contactless indicator: 4 LEDs", 16, resource::BRAND_SECONDARY_TEXT));
-    screen->add(hint("CANCEL: back"));
+    // The name may take two lines in a long translation.
+    screen->add(label(34, 48, text(AppName), 22));
+    screen->add(label(88, 20, text(LibraryName) + " " + getUserInterfaceVersion()));
+    screen->add(label(114, 40, text(IndicatorName), 16, resource::BRAND_SECONDARY_TEXT));
+    screen->add(hint(text(BackHint)));
     screen->onKey = [this](Key key) {
         if (key == device::input::KEY_CANCEL || key == device::input::KEY_ENTER)
             showMenu();

@@ -8,6 +8,7 @@ SessionResult runSession(const std::vector<ui::kit::Command>& script, const Sess
     appOptions.indicator.idleFlashMs = 600000;
     ui::kit::SessionOptions sessionOptions;
     sessionOptions.pseudoLocalization = options.pseudoLocalization;
+    sessionOptions.language = options.language;
     ui::kit::Session session(sessionOptions);
     // The moments of a sale come on the application's thread, while the script's line waits
     // for it: one at a time.

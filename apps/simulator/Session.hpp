@@ -20,6 +20,7 @@ struct SessionOptions {
     AppOptions app;
     std::string out;               // empty: nothing written
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
+    std::string language;          // "de": res/strings/de.txt; empty: the strings loaded
 };
 
 // Runs the script headless to its end, the same on every run (see ui::kit::Session): the

@@ -14,10 +14,6 @@ void redraw() {
 
 } // namespace
 
-void enableIndicator(ui::UserInterface& ui) {
-    ui.enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
-}
-
 PayScreen::PayScreen() : PromptScreen(ui::input::createCurrencyPrompt(1, 99999, 2, "\xC2\xA3", ".")) {
     prompt().setText(EnterAmount);
     ui::input::AlignCenter(prompt());

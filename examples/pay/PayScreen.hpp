@@ -11,9 +11,6 @@
 
 namespace pay {
 
-// The indicator's LEDs in the header's left corner, with the schemes' default tones.
-void enableIndicator(ui::UserInterface& ui);
-
 class PayScreen : public app::PromptScreen {
 public:
     PayScreen();

@@ -91,17 +91,24 @@ std::optional<Run> runOf(const std::vector<Drawn>& texts, size_t first, const st
     return run;
 }
 
-// Each given text a run of drawn texts makes up whole is shown; then each run that makes up only
-// the start of a given text not shown whole elsewhere in the frame is that text, cut.
-void cuts(const std::vector<Drawn>& texts, const std::vector<std::string>& given,
-          const std::vector<std::string>& givenBare, const std::string& area, std::vector<Overflow>& out) {
-    std::vector<bool> taken(texts.size(), false), whole(given.size(), false);
+// How a frame's texts show the given texts: each given text a run of drawn texts makes up whole
+// is shown; then each run that makes up only the start of a given text not shown whole
+// elsewhere in the frame is that text, cut.
+struct Shown {
+    size_t first = 0; // the drawn text it begins with
+    Run run;
+};
+
+std::vector<std::optional<Shown>> match(const std::vector<Drawn>& texts,
+                                        const std::vector<std::string>& givenBare) {
+    std::vector<std::optional<Shown>> shown(givenBare.size());
+    std::vector<bool> taken(texts.size(), false);
     for (bool wholeRuns : {true, false}) {
         for (size_t i = 0; i < texts.size(); ++i) {
             std::optional<Run> best;
             size_t bestGiven = 0;
-            for (size_t g = 0; g < given.size(); ++g) {
-                if (whole[g])
+            for (size_t g = 0; g < givenBare.size(); ++g) {
+                if (shown[g] && shown[g]->run.whole)
                     continue;
                 const auto run = runOf(texts, i, taken, givenBare[g]);
                 if (run && run->whole == wholeRuns && (!best || run->end > best->end)) {
@@ -113,13 +120,11 @@ void cuts(const std::vector<Drawn>& texts, const std::vector<std::string>& given
                 continue;
             for (size_t k = i; k <= best->end; ++k)
                 taken[k] = true;
-            if (wholeRuns)
-                whole[bestGiven] = true;
-            else
-                out.push_back({Overflow::Cut, given[bestGiven], int(texts[i].x), int(texts[i].y), area,
-                               "lost \"" + after(given[bestGiven], best->characters) + "\""});
+            if (!shown[bestGiven])
+                shown[bestGiven] = Shown{i, *best};
         }
     }
+    return shown;
 }
 
 } // namespace
@@ -180,56 +185,55 @@ void FitCheck::given(const std::string& text, bool laidOut, std::thread::id thre
 
 std::vector<FitCheck::Given> FitCheck::originals() {
     std::lock_guard<std::mutex> lock(mutex_);
-    return originals_;
+    std::vector<Given> out;
+    std::set<std::string> seen;
+    for (const Given& g : originals_)
+        if (seen.insert(g.text).second)
+            out.push_back(g);
+    return out;
 }
 
 std::vector<Overflow> FitCheck::check(const xui_host::Frame& frame) {
     std::vector<Overflow> out;
-    std::vector<std::string> given, givenBare;
-    std::set<std::string> seen;
-    for (const Given& g : originals())
-        if (seen.insert(g.text).second) {
-            given.push_back(g.text);
-            givenBare.push_back(g.bare);
-        }
+    const std::vector<Given> given = originals();
+    std::vector<std::string> bare;
+    for (const Given& g : given)
+        bare.push_back(g.bare);
     const auto header = drawnIn(frame.headerCalls), main = drawnIn(frame.calls);
     pastEdges(header, frame.headerWidth, frame.headerHeight, "header", out);
     pastEdges(main, frame.width, frame.height, "main area", out);
-    cuts(header, given, givenBare, "header", out);
-    cuts(main, given, givenBare, "main area", out);
+    for (const auto& [texts, area] : {std::pair(&header, "header"), std::pair(&main, "main area")}) {
+        const auto shown = match(*texts, bare);
+        for (size_t g = 0; g < given.size(); ++g)
+            if (shown[g] && !shown[g]->run.whole) {
+                const Drawn& first = (*texts)[shown[g]->first];
+                out.push_back({Overflow::Cut, given[g].text, int(first.x), int(first.y), area,
+                               "lost \"" + after(given[g].text, shown[g]->run.characters) + "\""});
+            }
+    }
     return out;
 }
 
-std::vector<Overflow> FitCheck::notShown(const xui_host::Frame& frame) {
-    std::vector<Given> unchecked;
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        unchecked.assign(originals_.begin() + std::ptrdiff_t(unchecked_), originals_.end());
-        unchecked_ = originals_.size();
-    }
-    // Anything of it drawn anywhere, as a line of its own or inside another text, shows it.
-    std::string everything;
-    for (const auto* calls : {&frame.headerCalls, &frame.calls})
-        for (const Drawn& d : drawnIn(*calls))
-            everything += d.bare + '\n';
-    std::vector<Overflow> out;
-    std::set<std::string> reported;
-    for (const Given& g : unchecked) {
-        if (!g.laidOut || !reported.insert(g.text).second)
-            continue;
-        bool shown = everything.find(g.bare) != std::string::npos;
-        for (size_t start = 0; !shown && start < everything.size();) {
-            const size_t end = everything.find('\n', start);
-            const std::string line = everything.substr(start, end - start);
-            shown = !line.empty() && g.bare.compare(0, line.size(), line) == 0;
-            start = end + 1;
-        }
-        if (!shown)
-            out.push_back({Overflow::NotShown, g.text, 0, 0, "main area",
-                           "given, and nothing of it drawn: hidden, or no line of it fits its label's "
-                           "height at its font size"});
-    }
-    return out;
+std::string FitCheck::howShown(const xui_host::Frame& frame, const std::string& text) {
+    const std::vector<Given> given = originals();
+    const bool laidOut =
+        std::any_of(given.begin(), given.end(), [&](const Given& g) { return g.laidOut && g.text == text; });
+    if (!laidOut)
+        return "";
+    std::vector<Drawn> texts = drawnIn(frame.headerCalls);
+    for (auto& d : drawnIn(frame.calls))
+        texts.push_back(std::move(d));
+    const auto shown = match(texts, {bare(text)})[0];
+    if (!shown)
+        return "nothing of it was drawn: hidden, or no line of it fits its label's height at its font size "
+               "(a "
+               "label draws the lines its height holds, and setText makes it 20 pixels a line)";
+    if (!shown->run.whole)
+        return "cut: lost \"" + after(text, shown->run.characters) + "\"";
+    std::string drawn;
+    for (size_t k = shown->first; k <= shown->run.end; ++k)
+        drawn += (drawn.empty() ? "\"" : ", \"") + texts[k].drawn.text + "\"";
+    return "drawn in " + std::to_string(shown->run.end - shown->first + 1) + " lines: " + drawn;
 }
 
 } // namespace ui::kit

@@ -37,7 +37,7 @@ Terminal::Terminal(const TerminalOptions& options)
     osal::host::setPseudoLocalization(options.pseudoLocalization);
     osal::host::useVirtualTime(options.virtualTime);
     recorder_ = std::make_unique<Recorder>();
-    fitCheck_ = std::make_unique<FitCheck>();
+    fitCheck_ = std::make_shared<FitCheck>();
     startMs_ = steadyMs(Clock::now());
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
     ui_->initialize();
@@ -133,20 +133,21 @@ xui_host::Frame Terminal::frame() {
     return xui_host::lastMainFrame();
 }
 
-std::vector<DrawnText> Terminal::texts() {
-    const xui_host::Frame shown = frame();
-    std::vector<DrawnText> out = drawnTexts(shown.headerCalls);
-    for (auto& text : drawnTexts(shown.calls))
-        out.push_back(std::move(text));
+Texts Terminal::texts() {
+    auto shown = std::make_shared<const xui_host::Frame>(frame());
+    Texts out;
+    for (const auto* calls : {&shown->headerCalls, &shown->calls})
+        for (auto& text : drawnTexts(*calls))
+            out.push_back(std::move(text));
+    // Worked out only when a test asks, which is when a text it looked for is missing.
+    out.howShown = [check = fitCheck_, shown](const std::string& text) {
+        return check->howShown(*shown, text);
+    };
     return out;
 }
 
 std::vector<Overflow> Terminal::fit() {
-    const xui_host::Frame shown = frame();
-    std::vector<Overflow> out = fitCheck_->check(shown);
-    for (auto& overflow : fitCheck_->notShown(shown))
-        out.push_back(std::move(overflow));
-    return out;
+    return fitCheck_->check(frame());
 }
 
 std::string Terminal::leds() {

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# The README's C++ examples compile as written. A block with a TEST is a test file of its own;
-# any other block is the body of a function. Usage: readme.sh README WORK_DIR COMPILER FLAGS...
+# The README's C++ examples compile as written. A block with a TEST is a test file of its own,
+# and is one of the examples' tests word for word, so that it runs in their suite; any other
+# block is the body of a function. Usage: readme.sh README EXAMPLES_DIR WORK_DIR COMPILER FLAGS...
 set -euo pipefail
-readme=$1 work=$2 compiler=$3
-shift 3
+readme=$1 examples=$2 work=$3 compiler=$4
+shift 4
 rm -rf "$work"
 mkdir -p "$work"
 awk -v dir="$work" '
@@ -14,7 +15,13 @@ awk -v dir="$work" '
 count=0
 for example in "$work"/example*.cpp; do
     if grep -q '^TEST' "$example"; then
-        { echo '#include <gtest/gtest.h>'; cat "$example"; } > "$example.tu.cpp"
+        { echo '#include <gtest/gtest.h>'; echo '#define PAY_STRINGS "en.txt"'; cat "$example"; } > "$example.tu.cpp"
+        test=$(sed -n '/^TEST/,/^}/p' "$example")
+        found=no
+        for source in $(find "$examples" -name '*.cpp'); do
+            [[ "$(cat "$source")" == *"$test"* ]] && found=yes
+        done
+        [ $found = yes ] || { echo "in $readme, block $(basename "$example"): its test is in no example"; exit 1; }
     else
         { echo '#include <ui/ui.hpp>'; echo 'void example() {'; cat "$example"; echo '}'; } > "$example.tu.cpp"
     fi

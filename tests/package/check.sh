@@ -52,6 +52,16 @@ cmake -S "$here/../../examples/pay" -B "$work/example" -G Ninja -DCMAKE_PREFIX_P
     { cat "$work/example-tests.log"; exit 1; }
 grep -q '^100% tests passed' "$work/example-tests.log" || { cat "$work/example-tests.log"; exit 1; }
 
+# The same suite built with pkg-config alone, as a team without CMake would, links and passes.
+pc() { PKG_CONFIG_PATH=$root/usr/lib/$arch/pkgconfig pkg-config "$@"; }
+example=$here/../../examples/pay
+c++ -std=c++17 -I"$example" -DPAY_STRINGS="\"$example/res/strings/en.txt\"" "$example/PayScreen.cpp" \
+    "$example/tests/PayScreenTest.cpp" -o "$work/pay_tests_pkgconfig" $(pc --cflags --libs ui-testing gtest_main) \
+    > "$work/pkgconfig.log" 2>&1 || { cat "$work/pkgconfig.log"; exit 1; }
+mkdir -p "$work/run" && ln -sfn "$root/usr/share/ui/res" "$work/run/res"
+(cd "$work/run" && "$work/pay_tests_pkgconfig" > "$work/pkgconfig-tests.log" 2>&1) ||
+    { cat "$work/pkgconfig-tests.log"; exit 1; }
+
 # The simulator runs from the root, its data found beside it, its output where it was asked.
 printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
 (cd "$work" && "$root/usr/bin/ui-simulator" --script short.session --out out > simulator.log 2>&1) ||
@@ -59,4 +69,5 @@ printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
 [ -s "$work/out/03_menu.png" ] || { echo "the simulator drew nothing"; cat "$work/simulator.log"; exit 1; }
 
 echo "$(ls "$packages"/*.deb | wc -l) packages, $(wc -l < "$work/files.txt") files, as listed in $expected;"
-echo "installed into $root: a consumer builds against them, the example's suite passes, the simulator plays a session"
+echo "installed into $root: a consumer builds against them, the example's suite passes (built with CMake and with"
+echo "pkg-config), the simulator plays a session"

@@ -24,7 +24,8 @@ TEST(KitGoldenTest, ARelativePathIsBesideTheTestsSource_UpdatesPrint_AndAMatchCl
     setenv("UI_UPDATE_GOLDEN", "1", 1);
     testing::internal::CaptureStdout();
     EXPECT_TRUE(ui::kit::matchesGolden(plain(0xFF00FF00), "green.png"));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "golden written: " + (folder / "green.png").string() + "\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "golden written: " + (folder / "green.png").string() + "\n");
     unsetenv("UI_UPDATE_GOLDEN");
 
     EXPECT_FALSE(ui::kit::matchesGolden(plain(0xFFFF0000), "green.png"));

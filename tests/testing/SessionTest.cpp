@@ -48,10 +48,11 @@ TEST(KitSessionTest, AStepWaitsForTheIndicatorsSequenceAndAlert_WithoutTheApplic
     ui::kit::Session session;
     PlainApp app;
     const auto steps = session.play(script("tap\ntap declined\n"), app);
-    EXPECT_EQ(ui::kit::timelineLines(steps, false),
-              (std::vector<std::string>{"step 00  start", "  leds 1000", "step 01  tap", "  tone 1500 Hz 500 ms",
-                                        "  leds 1100", "  leds 1110", "  leds 1111", "  leds 0000",
-                                        "step 02  tap declined", "  tone 750 Hz 200 ms", "  tone 750 Hz 200 ms"}));
+    EXPECT_EQ(
+        ui::kit::timelineLines(steps, false),
+        (std::vector<std::string>{"step 00  start", "  leds 1000", "step 01  tap", "  tone 1500 Hz 500 ms",
+                                  "  leds 1100", "  leds 1110", "  leds 1111", "  leds 0000",
+                                  "step 02  tap declined", "  tone 750 Hz 200 ms", "  tone 750 Hz 200 ms"}));
 }
 
 // The application's own thread, asked to work on a card, sleeps longer than the session waits.
@@ -87,8 +88,9 @@ TEST(KitSessionTest, AStepThatDoesNotSettleFailsNamingWhatItWaitedFor) {
     } catch (const std::runtime_error& e) {
         error = e.what();
     }
-    EXPECT_THAT(error, testing::MatchesRegex("step 1 \\(tap\\) did not settle in 50 ms: (an event signalled that "
-                                             "no thread has taken yet|thread [0-9]+ sleeping 400 ms.*)"));
+    EXPECT_THAT(error,
+                testing::MatchesRegex("step 1 \\(tap\\) did not settle in 50 ms: (an event signalled that "
+                                      "no thread has taken yet|thread [0-9]+ sleeping 400 ms.*)"));
 }
 
 // Watchers made and gone in any order each see what sounded while they watched.

@@ -1,63 +1,81 @@
 // The example screen's behaviour, as its team would write it on the testing kit: keys in,
-// texts, LEDs, tones and the picture out.
+// texts, LEDs, tones and the picture out, and every screen fitting in each language.
 #include "PayScreen.hpp"
 
 #include <ui/kit/Golden.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
 
+#include <osal/host.hpp>
+
 #include <gtest/gtest.h>
 
 namespace {
 
+using ui::kit::FitsOnScreen;
 using ui::kit::HappenedInOrder;
 using ui::kit::ShowsText;
 using ui::kit::SoundedTones;
 
-class PayScreenTest : public testing::Test {
+class PayScreenTest : public testing::TestWithParam<std::string> {
 protected:
     PayScreenTest() : terminal(options()) {
-        pay::enableIndicator(terminal.ui());
+        // The LEDs in the header's left corner, with the card schemes' default tones: success
+        // 1500 Hz for 500 ms, the alert 750 Hz for 200 ms, twice.
+        terminal.ui().enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
         terminal.onTap([this](bool approved) { screen->cardTapped(approved); });
         terminal.show(screen);
     }
 
+    // The example's strings, in the language the test is given ("de": de.txt beside en.txt).
     static ui::kit::TerminalOptions options() {
         ui::kit::TerminalOptions options;
         options.strings = PAY_STRINGS;
+        if (const auto* test = testing::UnitTest::GetInstance()->current_test_info(); test->value_param())
+            options.language = GetParam();
         return options;
     }
 
-    static std::string golden(const std::string& name) {
-        return std::string(PAY_GOLDEN_DIR) + "/" + name + ".png";
+    // Enter asks for a card and readies the indicator. The success sequence lights LEDs 2 to 4
+    // over what Ready lit: a card tapped before the indicator's worker has drawn Ready would
+    // show 0111, so a test waits for it as a person waits for the light.
+    void askForACard(const std::string& amount) {
+        terminal.type(amount);
+        terminal.press(XUI_KEY_ENTER);
+        ASSERT_TRUE(terminal.waitForLeds("1000"));
     }
 
     ui::kit::Terminal terminal;
     std::shared_ptr<pay::PayScreen> screen = std::make_shared<pay::PayScreen>();
 };
 
-TEST_F(PayScreenTest, AnApprovedTapShowsApprovedAfterTheSuccessLedsAndTone) {
-    terminal.type("1250");
-    EXPECT_THAT(terminal.texts(), ShowsText("\xC2\xA3"
-                                            "12.50"));
-    terminal.press(XUI_KEY_ENTER);
-    EXPECT_EQ(screen->amount(), 1250);
-    EXPECT_THAT(terminal.texts(), ShowsText("Present card"));
+// As the README shows it, in German.
+TEST(PayScreen, AnApprovedTapShowsApproved) {
+    ui::kit::TerminalOptions options; // 320 x 240, 32-pixel status bar, clock pinned
+    options.strings = PAY_STRINGS;    // the application's en.txt (examples/pay/CMakeLists.txt names it)
+    options.language = "de";          // de.txt beside en.txt; formats stay the terminal's
+    ui::kit::Terminal terminal(options);
+    // The LEDs in the header's left corner, with the card schemes' default tones: success
+    // 1500 Hz for 500 ms; the alert 750 Hz for 200 ms, twice.
+    terminal.ui().enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
+    auto screen = std::make_shared<pay::PayScreen>();
+    terminal.onTap([&](bool approved) { screen->cardTapped(approved); });
+    terminal.show(screen);         // the screen is on the panel when this returns
+    terminal.type("1250");         // through Xui, the keypad thread and the window
+    terminal.press(XUI_KEY_ENTER); // asks for a card: the indicator goes Ready
+    EXPECT_THAT(terminal.fit(), ui::kit::FitsOnScreen());
+    // The success sequence lights LEDs 2 to 4 over what Ready lit: a card tapped before the
+    // indicator's worker has drawn Ready would show 0111. Wait for the light, as a person does.
     ASSERT_TRUE(terminal.waitForLeds("1000"));
-
     terminal.tap(true);
-
-    EXPECT_THAT(terminal.texts(), ShowsText("Approved"));
-    const auto timeline = terminal.timeline();
-    EXPECT_THAT(timeline, SoundedTones({{1500, 500}}));
-    EXPECT_THAT(timeline,
-                HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1100", "leds 1110", "leds 1111"}));
-    EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), golden("approved")));
+    EXPECT_THAT(terminal.texts(), ui::kit::ShowsText("Genehmigt"));
+    EXPECT_THAT(terminal.timeline(), ui::kit::SoundedTones({{1500, 500}}));
+    EXPECT_THAT(terminal.timeline(), ui::kit::HappenedInOrder({"leds 1100", "leds 1110", "leds 1111"}));
+    EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), "golden/approved_de.png"));
 }
 
 TEST_F(PayScreenTest, ADeclinedTapShowsDeclinedWithTheAlertTones) {
-    terminal.type("500");
-    terminal.press(XUI_KEY_ENTER);
+    askForACard("500");
     terminal.tap(false);
     ASSERT_TRUE(terminal.waitForTones(2));
     EXPECT_THAT(terminal.texts(), ShowsText("Declined"));
@@ -68,7 +86,29 @@ TEST_F(PayScreenTest, EnterWithoutAnAmountAsksForNoCard) {
     terminal.press(XUI_KEY_ENTER);
     EXPECT_EQ(screen->amount(), 0);
     EXPECT_THAT(terminal.texts(), testing::Not(ShowsText("Present card")));
-    EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), golden("empty")));
+    EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), "golden/empty.png"));
 }
+
+// A string the terminal does not have: the key handler throws, the library logs it and goes on,
+// and the test, which expects it, takes it (one not taken would fail the test).
+TEST_F(PayScreenTest, AStringTheTerminalLacksIsLoggedAndTheEntryStays) {
+    osal::host::clearStrings();
+    terminal.type("500");
+    terminal.press(XUI_KEY_ENTER);
+    EXPECT_THAT(terminal.takeExceptions(),
+                testing::ElementsAre(testing::HasSubstr("no localized string with id 2")));
+}
+
+// Every screen of a payment fits the panel, in each language the terminal may speak.
+TEST_P(PayScreenTest, EveryScreenFits) {
+    EXPECT_THAT(terminal.fit(), FitsOnScreen());
+    askForACard("99999");
+    EXPECT_THAT(terminal.fit(), FitsOnScreen());
+    terminal.tap(false);
+    ASSERT_TRUE(terminal.waitForTones(2));
+    EXPECT_THAT(terminal.fit(), FitsOnScreen());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, PayScreenTest, testing::Values("en", "de"));
 
 } // namespace

@@ -1,10 +1,10 @@
-// Text that does not fit, found in a frame as the panel showed it. Two kinds of loss leave a mark
-// in what was drawn: a text drawn past its canvas's edge (a centred or right-aligned line wider
+// Text that does not fit, found in a frame as the panel showed it. Two losses leave a mark in
+// what was drawn: a text drawn past its canvas's edge (a centred or right-aligned line wider
 // than its box even wraps around to a huge x, and the panel shows nothing of it), and a text
-// given for display of which only a part was drawn (the lines a label's height holds at its font
-// size, what fits a wrappable label's height). A third leaves none: a text given and not drawn
-// at all, hidden or with no line that fits; a Terminal reports those too, for the texts given
-// since its last check (Terminal::fit).
+// given for display of which only the start was drawn (the lines a label's height holds at its
+// font size, what fits a wrappable label's height). A text given and not drawn at all leaves
+// none: hidden on purpose, or with no line that fits; a Terminal's texts() says, for each text
+// laid out and not drawn as one line, how the frame shows it, and ShowsText explains with it.
 //
 // What was given is learnt from the platform: every string looked up and every text laid out in
 // lines passes through it (osal::host::addTextListener). The lines a wrapping widget makes of a
@@ -19,6 +19,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace ui::kit {
@@ -40,13 +41,13 @@ inline void PrintTo(const DrawnText& text, std::ostream* out) {
 std::vector<DrawnText> drawnTexts(const std::vector<xui_host::Call>& calls);
 
 struct Overflow {
-    enum Kind { PastEdge, Cut, NotShown };
+    enum Kind { PastEdge, Cut };
     Kind kind = PastEdge;
-    std::string text; // as drawn (past an edge), or as given (cut, not shown)
+    std::string text; // as drawn (past an edge), or as given (cut)
     int x = 0;        // where it was drawn (a cut text: its first line), canvas coordinates;
     int y = 0;        // a line whose x wrapped around is negative
     std::string area; // "main area" or "header"
-    std::string how;  // "23 px past the right edge", "lost \"to pay\"", "nothing drawn"
+    std::string how;  // "23 px past the right edge", "lost \"to pay\""
 };
 
 // "\"Present card\" at (10, 160) in the main area: lost \"to pay\"".
@@ -66,9 +67,10 @@ public:
     // The frame's texts drawn past an edge of their canvas (main area and header), and the texts
     // given since this check was made that the frame shows in part.
     std::vector<Overflow> check(const xui_host::Frame& frame);
-    // The texts laid out since the last call (or since this check was made) of which the frame
-    // shows nothing.
-    std::vector<Overflow> notShown(const xui_host::Frame& frame);
+    // For a text laid out since this check was made that the frame does not draw as one line,
+    // how it shows it: "drawn in 2 lines: ...", "cut: lost \"to pay\"", or that nothing of it
+    // was drawn; empty for any other text.
+    std::string howShown(const xui_host::Frame& frame, const std::string& text);
 
 private:
     // A text given for display, or laid out, that is not a line made of a text given before it.
@@ -86,7 +88,6 @@ private:
     std::set<std::string> known_;
     // The last texts each thread gave: a line a wrapping widget makes is given right after its text.
     std::vector<std::pair<std::thread::id, std::string>> recent_;
-    size_t unchecked_ = 0; // originals_ from here on have not been through notShown
 };
 
 } // namespace ui::kit

@@ -13,14 +13,26 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 namespace ui::kit {
 
-// Some text drawn is exactly text.
+namespace detail {
+
+// What a frame made of a text laid out for display, if it was; Terminal::texts() knows it.
+inline std::string howShown(const std::vector<DrawnText>&, const std::string&) {
+    return "";
+}
+inline std::string howShown(const Texts& texts, const std::string& text) {
+    return texts.howShown ? texts.howShown(text) : "";
+}
+
+} // namespace detail
+
+// Some text drawn is exactly text. When none is, the failure lists what is, and for a text that
+// was laid out for display, how the frame shows it: in lines, cut, or not at all.
 MATCHER_P(ShowsText, text,
           std::string(negation ? "does not show " : "shows ") + "\"" + std::string(text) + "\"") {
     std::string seen;
@@ -30,6 +42,8 @@ MATCHER_P(ShowsText, text,
         seen += (seen.empty() ? "" : ", ") + ("\"" + drawn.text + "\"");
     }
     *result_listener << "the screen shows " << (seen.empty() ? std::string("no text") : seen);
+    if (const std::string how = detail::howShown(arg, text); !how.empty())
+        *result_listener << "; \"" << std::string(text) << "\" was laid out, and " << how;
     return false;
 }
 
@@ -68,14 +82,10 @@ MATCHER_P(TonesAre, tones, "sounded exactly " + joined(tones, "no tone")) {
     return seen == tones;
 }
 
-MATCHER_P(Fits, hidden, "fits on the screen") {
+MATCHER(Fits, "fits on the screen") {
     std::string lost;
-    for (const Overflow& overflow : arg) {
-        const bool meant = overflow.kind == Overflow::NotShown &&
-                           std::find(hidden.begin(), hidden.end(), overflow.text) != hidden.end();
-        if (!meant)
-            lost += "\n  " + describe(overflow);
-    }
+    for (const Overflow& overflow : arg)
+        lost += "\n  " + describe(overflow);
     if (lost.empty())
         return true;
     *result_listener << "these do not fit:" << lost;
@@ -114,12 +124,10 @@ inline auto SoundedTones(std::initializer_list<Tone> tones) {
     return detail::TonesAre(wanted);
 }
 
-// What Terminal::fit found of a screen: nothing drawn past an edge, nothing cut, and no text
-// laid out but not drawn, except those named in hidden (a widget hidden on purpose, such as an
-// error line until the entry is wrong). The failure names each text, where it is and what of it
-// was lost.
-inline auto FitsOnScreen(std::vector<std::string> hidden = {}) {
-    return detail::Fits(std::move(hidden));
+// What Terminal::fit found of a screen: nothing drawn past an edge, nothing cut. The failure
+// names each text, where it is and what of it was lost.
+inline auto FitsOnScreen() {
+    return detail::Fits();
 }
 
 // The timeline holds these events ("leds 1100", "tone 1500 Hz 500 ms") in this order, others

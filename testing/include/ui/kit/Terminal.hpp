@@ -69,6 +69,14 @@ inline void PrintTo(const Event& event, std::ostream* out) {
     *out << "+" << event.atMs << " ms " << event.what;
 }
 
+// The texts of one frame. For a text laid out for display since the terminal came up that the
+// frame does not draw as one line, howShown says what it makes of it ("drawn in 2 lines: ...",
+// "cut: lost ...", or that nothing of it was drawn; empty for any other text): ShowsText explains
+// a missing text with it.
+struct Texts : std::vector<DrawnText> {
+    std::function<std::string(const std::string& text)> howShown;
+};
+
 class Terminal {
 public:
     // Opens the display through ui::UserInterface and initialises it (keypad and window).
@@ -119,10 +127,10 @@ public:
     // After settling: the texts of exactly one presented frame, the header's as that frame's
     // present showed them, then the main area's, each in the order it was drawn; the same
     // while the screen or the indicator redraws on threads of their own.
-    std::vector<DrawnText> texts();
-    // After settling, what of that frame does not fit: texts drawn past an edge, texts given
-    // since the terminal came up and shown in part, and texts laid out since the last fit() of
-    // which nothing is drawn (see Fit.hpp). Check it with FitsOnScreen (Matchers.hpp).
+    Texts texts();
+    // After settling, what of that frame does not fit: texts drawn past an edge, and texts given
+    // since the terminal came up of which it draws only the start (see Fit.hpp). Check it with
+    // FitsOnScreen (Matchers.hpp).
     std::vector<Overflow> fit();
 
     // The contactless LEDs as last drawn, '1' lit ("1000"); waitForLeds blocks until they show
@@ -148,7 +156,7 @@ private:
     TerminalOptions options_;
     std::unique_ptr<Platform> platform_;
     std::unique_ptr<Recorder> recorder_;
-    std::unique_ptr<FitCheck> fitCheck_;
+    std::shared_ptr<FitCheck> fitCheck_; // shared with the texts read, which may outlive it
     size_t exceptionsTaken_ = 0;
     std::vector<Event> events_;
     int64_t startMs_ = 0;

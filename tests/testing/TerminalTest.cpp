@@ -3,6 +3,7 @@
 #include <app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
+#include <ui/kit/Widgets.hpp>
 
 #include <osal/timer.hpp>
 
@@ -17,16 +18,23 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
+ui::kit::TerminalOptions quick(bool virtualTime = false) {
+    ui::kit::TerminalOptions options;
+    options.statusHeader = true;
+    options.virtualTime = virtualTime;
+    options.timeout = 200ms;
+    return options;
+}
+
 // Multi-tap in virtual time: the same key after the 750 ms interval starts a new character. The
 // header's state shows at the next settle.
 TEST(KitTerminalTest, TypesWithThePauseAsked_AndShowsTheHeadersState) {
-    ui::kit::TerminalOptions options;
-    options.statusHeader = true;
-    options.virtualTime = true;
-    ui::kit::Terminal terminal(options);
+    ui::kit::Terminal terminal(quick(true));
     auto screen = std::make_shared<app::PromptScreen>(ui::input::createTextPrompt(false, false, true, 0, 10));
     terminal.show(screen);
-    terminal.type("22", std::chrono::milliseconds(750));
+    terminal.type("22", 750ms);
     terminal.type("22");
     EXPECT_EQ(screen->prompt().getInputText(), "AAB");
     terminal.header().setOfflineCount(7);
@@ -35,51 +43,40 @@ TEST(KitTerminalTest, TypesWithThePauseAsked_AndShowsTheHeadersState) {
     EXPECT_THAT(terminal.texts(), testing::Not(ui::kit::ShowsText("8")));
 }
 
-TEST(KitTerminalTest, SettleWithoutAViewFailsInsteadOfHanging) {
-    ui::kit::TerminalOptions options;
-    options.timeout = std::chrono::milliseconds(200);
-    ui::kit::Terminal terminal(options);
-    EXPECT_THROW(terminal.settle(), std::runtime_error);
+std::string settleFails(ui::kit::Terminal& terminal) {
+    try {
+        terminal.settle();
+    } catch (const std::runtime_error& e) {
+        return e.what();
+    }
+    return "";
 }
 
-// A screen whose key handler, or whose drawing, throws: the library logs it and goes on.
-class ThrowingScreen : public app::Screen {
-public:
-    void handleKeyPress(const device::input::Key& key) override {
-        if (key != device::input::KEY_NONE)
-            throw std::runtime_error("no such amount");
-    }
-    void draw(_XuiWindow* canvas) override {
-        if (drawThrows)
-            throw std::runtime_error("no font");
-        Screen::draw(canvas);
-    }
-    bool drawThrows = false;
-};
-
-void pressOnAThrowingScreen() {
-    ui::kit::Terminal terminal;
-    terminal.show(std::make_shared<ThrowingScreen>());
+// A key handler that throws is logged by the library, and the test fails; a draw that throws
+// leaves no frame, and the settle that waited for one names it. A test that expects them takes
+// them.
+void pressOnAScreenThatThrows() {
+    ui::kit::Terminal terminal(quick());
+    auto screen = std::make_shared<ui::kit::RecordingScreen>();
+    screen->onKey = [](device::input::Key) { throw std::runtime_error("no such amount"); };
+    terminal.show(screen);
     terminal.press('5');
 }
 
 TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt) {
-    EXPECT_NONFATAL_FAILURE(pressOnAThrowingScreen(),
+    EXPECT_NONFATAL_FAILURE(pressOnAScreenThatThrows(),
                             "the library caught and logged an exception: KeyBoard:");
-    ui::kit::TerminalOptions options;
-    options.timeout = std::chrono::milliseconds(200);
-    ui::kit::Terminal terminal(options);
-    auto screen = std::make_shared<ThrowingScreen>();
-    screen->drawThrows = true;
-    std::string error;
-    try {
-        terminal.show(screen);
-    } catch (const std::runtime_error& e) {
-        error = e.what();
-    }
-    EXPECT_THAT(error, testing::HasSubstr("the library logged GraphicsDevice:"));
-    EXPECT_THAT(error, testing::HasSubstr(": no font"));
-    screen->drawThrows = false;
+    ui::kit::Terminal terminal(quick());
+    EXPECT_THAT(settleFails(terminal), testing::EndsWith("ms; is a view set?"));
+    auto screen = std::make_shared<ui::kit::RecordingScreen>();
+    std::atomic<bool> throws{true};
+    screen->onDraw = [&](_XuiWindow*) {
+        if (throws)
+            throw std::runtime_error("no font");
+    };
+    terminal.graphics().setContext(screen);
+    EXPECT_THAT(settleFails(terminal), testing::HasSubstr("ms; the library logged GraphicsDevice:"));
+    throws = false;
     terminal.settle(); // no draw that throws is under way
     EXPECT_THAT(terminal.takeExceptions(), testing::Each(testing::EndsWith(": no font")));
 }
@@ -87,11 +84,8 @@ TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt
 // Virtual time passes the indicator's pauses at once; the timeline keeps one clock and the order
 // things happened in, a tone between the LED changes around it.
 TEST(KitTerminalTest, InVirtualTimeTheSuccessSequencePlaysAtOnce_InTheOrderItHappened) {
-    ui::kit::TerminalOptions options;
-    options.virtualTime = true;
-    ui::kit::Terminal terminal(options);
+    ui::kit::Terminal terminal(quick(true));
     terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, CtlsStatusIndicatorConfiguration{});
-    terminal.show(std::make_shared<app::Screen>());
     ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
     ASSERT_TRUE(terminal.waitForLeds("1000"));
     const int64_t before = osal::monotonicMs();
@@ -105,39 +99,6 @@ TEST(KitTerminalTest, InVirtualTimeTheSuccessSequencePlaysAtOnce_InTheOrderItHap
                                [](const auto& a, const auto& b) { return a.atMs < b.atMs; }));
 }
 
-// The matchers on a timeline as the recorder gives it: tones in order and nothing else, events
-// in order with others between them.
-TEST(KitMatchersTest, TonesAndEventsMustComeInTheirOrder) {
-    const std::vector<ui::kit::Event> timeline = {
-        {0, "leds 1000"}, {2, "tone 1500 Hz 500 ms"}, {3, "leds 1100"}, {103, "leds 1110"}};
-    EXPECT_THAT(timeline, ui::kit::SoundedTones({{1500, 500}}));
-    EXPECT_THAT(timeline, testing::Not(ui::kit::SoundedTones({{1500, 500}, {1500, 500}})));
-    EXPECT_THAT(timeline, ui::kit::HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1110"}));
-    EXPECT_THAT(timeline, testing::Not(ui::kit::HappenedInOrder({"leds 1110", "leds 1100"})));
-}
-
-} // namespace
-
-namespace {
-
-// A screen that asks for frames of its own: each key redraws it, and a thread of its own moves
-// its counter on and redraws it as fast as it can.
-class RacingScreen : public app::Screen {
-public:
-    RacingScreen() : Screen(0, 0, 320, 208) {
-        counter->setText("tick 0");
-        still->setText("still");
-        add(counter);
-        add(still);
-    }
-    void handleKeyPress(const device::input::Key&) override {
-        ui::ServiceLocator::getGraphicsService()->update();
-    }
-
-    std::shared_ptr<ui::Label> counter = std::make_shared<ui::Label>(0, 0, 320, 20);
-    std::shared_ptr<ui::Label> still = std::make_shared<ui::Label>(0, 40, 320, 20);
-};
-
 // texts() reads one presented frame, whatever else draws meanwhile: the screen's own thread,
 // its key handler on the keypad thread and the indicator's worker flashing the header, with the
 // other core kept busy.
@@ -147,56 +108,69 @@ TEST(KitTerminalTest, TextsHoldExactlyOneFrame_WhileEverythingElseRedraws) {
 #else
     constexpr int reads = 2000;
 #endif
-    ui::kit::TerminalOptions options;
-    options.statusHeader = true;
-    ui::kit::Terminal terminal(options);
+    ui::kit::Terminal terminal(quick());
     CtlsStatusIndicatorConfiguration flashing;
-    flashing.idlePeriodMs = 5;
-    flashing.idleFlashMs = 5;
+    flashing.idlePeriodMs = flashing.idleFlashMs = 5;
     terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, flashing);
     ui::ServiceLocator::updateContactlessIndicator(ui::State::Idle);
-    auto screen = std::make_shared<RacingScreen>();
+    auto screen = std::make_shared<ui::kit::RecordingScreen>();
+    auto counter = std::make_shared<ui::Label>(0, 0, 320, 20),
+         still = std::make_shared<ui::Label>(0, 40, 320, 20);
+    counter->setText("tick 0");
+    still->setText("still");
+    screen->add(counter);
+    screen->add(still);
+    screen->onKey = [&](device::input::Key) { terminal.graphics().update(); };
     terminal.show(screen);
 
     std::atomic<bool> stop{false};
     std::vector<std::thread> others;
+    // As an animation does, at up to a thousand pictures a second: the next once the last is shown.
     others.emplace_back([&] {
-        // As an animation does, at up to a thousand pictures a second: the next once the last
-        // is on the panel.
         for (unsigned n = 1; !stop; ++n) {
             const uint64_t shown = xui_host::mainFramesShown();
-            screen->counter->setText("tick " + std::to_string(n));
+            counter->setText("tick " + std::to_string(n));
             terminal.graphics().update();
-            xui_host::waitForMainFrames(shown + 1, std::chrono::seconds(5));
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            xui_host::waitForMainFrames(shown + 1, 5s);
+            std::this_thread::sleep_for(1ms);
         }
     });
     others.emplace_back([&] {
         while (!stop) {
             xui_host::pushKey('5');
-            xui_host::waitForKeysHandled(std::chrono::seconds(5));
+            xui_host::waitForKeysHandled(5s);
         }
     });
     others.emplace_back([&] {
         for (volatile unsigned spin = 0; !stop;)
             spin = spin + 1;
     });
+    const std::map<std::string, int> oneFrame = {{"tick", 1}, {"still", 1}, {"09:30", 1}, {"22/11/2026", 1}};
     int inexact = 0;
-    std::string example;
+    std::string first;
     for (int i = 0; i < reads; ++i) {
         std::map<std::string, int> seen;
         for (const auto& text : terminal.texts())
             ++seen[text.text.rfind("tick ", 0) == 0 ? "tick" : text.text];
-        if (seen != std::map<std::string, int>{{"tick", 1}, {"still", 1}, {"09:30", 1}, {"22/11/2026", 1}}) {
-            if (inexact++ == 0)
-                for (const auto& [text, count] : seen)
-                    example += " \"" + text + "\" x" + std::to_string(count);
-        }
+        if (seen != oneFrame && inexact++ == 0)
+            for (const auto& [text, count] : seen)
+                first += " \"" + text + "\" x" + std::to_string(count);
     }
     stop = true;
     for (auto& thread : others)
         thread.join();
-    EXPECT_EQ(inexact, 0) << "of " << reads << " reads; the first:" << example;
+    EXPECT_EQ(inexact, 0) << "of " << reads << " reads; the first:" << first;
+}
+
+// The matchers on a timeline as the recorder gives it: tones in order and nothing else, events
+// in order with others between them.
+TEST(KitMatchersTest, TonesAndEventsMustComeInTheirOrder) {
+    const std::vector<ui::kit::Event> timeline = {
+        {0, "leds 1000"}, {2, "tone 1500 Hz 500 ms"}, {3, "leds 1100"}, {103, "leds 1110"}};
+    EXPECT_THAT(timeline, ui::kit::SoundedTones({{1500, 500}}));
+    EXPECT_THAT(timeline, testing::Not(ui::kit::SoundedTones({{1500, 500}, {1500, 500}})));
+    EXPECT_THAT(timeline, ui::kit::HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1110"}));
+    EXPECT_THAT(timeline, testing::Not(ui::kit::HappenedInOrder({"leds 1110", "leds 1100"})));
 }
 
 } // namespace

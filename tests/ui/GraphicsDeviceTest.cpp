@@ -87,9 +87,7 @@ TEST_F(GraphicsDeviceTest, Update_WithoutWindowOrView_DrawsNothing) {
     device->waitForDraw();
     withWindow();
     device->update();
-    // The thread may still be about to wake: give it a window in which it could misbehave.
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    device->waitForDraw();
+    ASSERT_TRUE(osal::host::waitUntilSettled(seconds(5))); // the rendering thread is back in its wait
     EXPECT_EQ(xui_host::framesShown(), frames);
     EXPECT_TRUE(xui_host::trace("ShowWindow").empty());
 }

@@ -189,7 +189,7 @@ TEST_F(ContactlessTest, ProcessingAndErrors_ShowTheirPatternWithTheirTones) {
         set(c.state);
         const bool error = c.state != State::Processing;
         if (c.leds == "1000") {
-            std::this_thread::sleep_for(50ms); // give a wrong redraw the time to happen
+            ASSERT_TRUE(osal::host::waitUntilSettled(5s)); // the worker is done with the change
             EXPECT_TRUE(changes().empty()) << "scheme " << c.scheme;
             continue;
         }
@@ -210,8 +210,7 @@ TEST_F(ContactlessTest, ProcessingAndErrors_ShowTheirPatternWithTheirTones) {
 TEST_F(ContactlessTest, AChangeMadeWhileTheWorkerIsBusyPlaysOnce) {
     enable();
     set(State::Error); // while the worker is still starting: its first round already plays it
-    ASSERT_TRUE(test::eventually([] { return osal::host::beeps().size() >= 2; }));
-    std::this_thread::sleep_for(450ms); // longer than one alert
+    ASSERT_TRUE(osal::host::waitUntilSettled(5s));
     EXPECT_EQ(osal::host::beeps().size(), 2u);
 }
 
@@ -232,7 +231,7 @@ TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeIni
     ui::ContactlessStatusIndicator headless(0, 0, 100, 24);
     headless.initialize({}, nullptr); // a worker with nothing to redraw: it plays, and asks no one
     ui::ServiceLocator::addContactlessStatusIndicator(&headless);
-    set(State::Error);
+    set(State::Error); // the indicator without a worker holds a request nobody takes: not waited on
     EXPECT_TRUE(test::eventually([] { return osal::host::beeps().size() == 2; }));
 }
 
@@ -266,10 +265,7 @@ TEST_F(ContactlessTest, DestroyingTheIndicatorReturnsPromptlyInEveryState) {
                         State::Success, static_cast<State>(9)}) {
         enable();
         set(state);
-        if (state == State::Error) {
-            ASSERT_TRUE(test::eventually([] { return osal::host::beeps().size() == 2; }));
-        }
-        std::this_thread::sleep_for(20ms); // into its wait
+        ASSERT_TRUE(osal::host::waitUntilSettled(5s)); // into its wait, an alert played
         const auto start = Clock::now();
         auto window = graphics->getWindow();
         window->setContactlessStatusIndicator(nullptr); // the last owner: joined here

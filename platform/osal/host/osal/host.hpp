@@ -91,7 +91,9 @@ void removeTextListener(int id);
 // that a thread not itself at work gave (a request: a state change, a redraw asked for) until it
 // waits for someone again; a thread that sleeps, or pauses on an event nobody ever signals (a
 // step of a timed sequence), is at work while it does. Returns once no thread but the caller is
-// at work and no request waits to be taken; false on time-out.
+// at work and no request waits to be taken (a thread just started takes it once it first waits,
+// so it is waited for too; a request to an event nobody ever waits on is never taken); false
+// on time-out.
 bool waitUntilSettled(std::chrono::milliseconds timeout);
 // What keeps waitUntilSettled waiting, in words ("thread 3 sleeping 400 ms, last beep 750 Hz
 // 200 ms"); empty when nothing does.

@@ -53,13 +53,19 @@ void pastEdges(const std::vector<Drawn>& texts, unsigned width, unsigned height,
         const auto report = [&](const std::string& how) {
             out.push_back({Overflow::PastEdge, d.drawn.text, int(d.x), int(d.y), area, how});
         };
+        // A coordinate wrapped from a small negative number says by how much; one wrapped from
+        // a huge unsigned one (half of a negative height, say) is simply nowhere.
+        const auto before = [](int64_t at, const char* edge, const char* axis) {
+            return (at > -(int64_t(1) << 24) ? std::to_string(-at) + " px" : std::string("far")) +
+                   " past the " + edge + " edge (its " + axis + " wrapped around)";
+        };
         const int64_t right = d.x + xui_host::textWidth(d.drawn.font, d.drawn.size, d.drawn.text);
         if (d.x < 0)
-            report(std::to_string(-d.x) + " px past the left edge (its x wrapped around)");
+            report(before(d.x, "left", "x"));
         else if (right > int64_t(width))
             report(std::to_string(right - int64_t(width)) + " px past the right edge");
         if (d.y < 0)
-            report(std::to_string(-d.y) + " px past the top edge (its y wrapped around)");
+            report(before(d.y, "top", "y"));
         else if (d.y + int64_t(d.drawn.size) > int64_t(height))
             report(std::to_string(d.y + int64_t(d.drawn.size) - int64_t(height)) +
                    " px past the bottom edge");

@@ -35,8 +35,9 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
 
     gif.setVisible(false); // only the widget's flag
     gif.draw(nullptr);
-    EXPECT_EQ(xui_host::trace("ShowWindow").back().args[1], "1");
+    EXPECT_THAT(xui_host::trace("ShowWindow").back().str(), testing::EndsWith(", 1, 0)"));
     gif.visible(false);
+    EXPECT_THAT(xui_host::trace("ShowWindow").back().str(), testing::EndsWith(", 0, 0)"));
     gif.draw(nullptr);
     EXPECT_FALSE(gif.isVisible());
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFF000000u); // the root's background shows again
@@ -58,6 +59,7 @@ TEST_F(GIFTest, MissingOrBrokenFilesAreHarmless) {
     }
     ui::GIF empty;
     empty.draw(nullptr);
+    EXPECT_EQ(empty.getX() + empty.getY() + empty.getWidth() + empty.getHeight(), 0u);
     EXPECT_TRUE(xui_host::trace("ShowWindow").empty());
     EXPECT_TRUE(xui_host::trace("DestroyWindow").empty());
 }
@@ -67,14 +69,17 @@ TEST_F(GIFTest, MovingTransfersTheRunningAnimation) {
     source->setVisible(false);
     ui::GIF moved(std::move(*source));
     EXPECT_FALSE(moved.isVisible()) << "the source's widget flag is applied";
+    EXPECT_EQ(moved.getWidth() + moved.getHeight(), 0u) << "its owner places it again";
     xui_host::clearTrace();
     source.reset(); // owns no window any more
     EXPECT_TRUE(xui_host::trace("DestroyWindow").empty());
 
     ui::GIF target(kAnimation, 0, 0, 60, 45);
     xui_host::clearTrace();
+    moved.setVisible(false);
     target = std::move(moved);
     EXPECT_EQ(xui_host::trace("DestroyWindow").size(), 1u); // the target's previous window
+    EXPECT_FALSE(target.Widget::isVisible());               // the source's flag
     xui_host::clearTrace();
     { ui::GIF last(std::move(target)); }
     auto t = xui_host::trace(); // shown as the source was, then hidden, then destroyed

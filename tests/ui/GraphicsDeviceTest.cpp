@@ -40,10 +40,13 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     std::string sequence;
     for (const auto& c : xui_host::trace())
         sequence +=
-            c.function + (c.function == "Open" || c.function == "CreateCanvas" ? "" : " " + c.args[0]) + "; ";
+            c.function == "ShowWindow"
+                ? c.str() + "; "
+                : c.function +
+                      (c.function == "Open" || c.function == "CreateCanvas" ? "; " : " " + c.args[0] + "; ");
     EXPECT_EQ(sequence, "Open; CreateCanvas; CreateCanvas; CanvasSetBackground c3; CanvasSetBackground c4; "
                         "CreateCanvas; CreateCanvas; CanvasSetBackground c5; CanvasSetBackground c6; "
-                        "ShowWindow c4; ShowWindow c5; ");
+                        "ShowWindow(c4, 1, 0); ShowWindow(c5, 1, 0); ");
     // Each argument is cut to 14 characters and its terminator.
     EXPECT_EQ(xui_host::trace("Open")[0].str(), "Open(\"ROTATE=1234567\", \"STATUSBAR=24\")");
     auto creates = xui_host::trace("CreateCanvas");
@@ -79,6 +82,8 @@ TEST_F(GraphicsDeviceTest, Update_DrawsIntoTheHiddenCanvasAndExchanges) {
     EXPECT_EQ(t[3].str(), "ClearArea(" + t[2].args[0] + ", 0, 0, 320, 216)");
     EXPECT_NE(device->getRootCanvas(), back); // the other canvas is next
     EXPECT_EQ(view->draws.load(), 1);
+    device->injectKeyPress(device::input::KEY_5); // to the view, on the caller's thread
+    EXPECT_EQ(view->receivedKeys(), std::vector<device::input::Key>{device::input::KEY_5});
 }
 
 TEST_F(GraphicsDeviceTest, Update_WithoutWindowOrView_DrawsNothing) {
@@ -228,18 +233,23 @@ TEST_F(GraphicsDeviceTest, ADisplayThatDoesNotOpen_LeavesADeviceThatDrawsNothing
         EXPECT_NE(call.function, "ShowWindow") << "presented on a closed display";
 }
 
-TEST_F(GraphicsDeviceTest, AStatusBarWithoutRoomForTheMainArea_LeavesADeviceThatDrawsNothing) {
+// A status bar that leaves no room, or a canvas Xui cannot make (the second of the main pair):
+// nothing is ever asked of a canvas that was not made.
+TEST_F(GraphicsDeviceTest, CanvasesThatCannotBeMade_LeaveADeviceThatDrawsNothing) {
     device.reset();
-    for (int statusbar : {-1, 240, 1000}) {
+    for (int statusbar : {-1, 240, 1000, 24}) {
         XuiClose();
+        if (statusbar == 24)
+            xui_host::failCanvasCreation(1);
+        xui_host::clearTrace();
         ui::GraphicsDevice squeezed(GraphicsDeviceParams{0, statusbar});
         EXPECT_EQ(squeezed.getRootCanvas(), nullptr) << statusbar;
         exerciseEveryOperation(squeezed);
+        for (const auto& call : xui_host::trace()) // a canvas not made is never asked for anything
+            EXPECT_TRUE(call.args.empty() || call.args[0] != "null") << call.str();
     }
-    const auto lines = log();
-    ASSERT_FALSE(lines.empty());
-    EXPECT_NE(lines.back().find("cannot create the canvases for a status bar of 1000 pixels"),
-              std::string::npos);
+    EXPECT_THAT(log(), testing::Contains(testing::HasSubstr("cannot create the canvases for a status bar of "
+                                                            "1000 pixels")));
 }
 
 TEST_F(GraphicsDeviceTest, XuiClosedBehindTheDevice_NothingIsPresentedOnFreedCanvases) {

@@ -28,21 +28,31 @@ protected:
 };
 
 // In a process of its own, as the full header below: batteries share the pictures, and the
-// place, of the first one built in the process, and keep them when its display has gone.
+// place, of the first one built in the process, and keep them when its display has gone; the
+// Ethernet icon's state is shared too, and starts disconnected.
 TEST_F(HeaderTest, Battery_ShowsTheIndexedIcon_IgnoringValuesAboveSix) {
     EXPECT_EXIT(
         {
+            ui::Ethernet ethernet(0, 0, 24, 24, kRes);
             ui::Battery battery(0, 0, 24, 24, kRes);
             std::string icons;
+            const auto shown = [&](ui::Widget& b) {
+                const auto calls = test::drawCalls(b, "CanvasDrawImg");
+                const std::string file = calls.empty() ? "" : xui_host::imageFile(calls.back().args.back());
+                icons += file.find("globe") != std::string::npos ? "globe "
+                                                                 : file.substr(file.rfind('_') + 1) + " ";
+            };
             for (int value : {0, 3, 7, 6, -3}) {
                 if (value != 0)
                     battery.setValue(value);
-                const auto calls = test::drawCalls(battery, "CanvasDrawImg");
-                const std::string file = calls.empty() ? "" : xui_host::imageFile(calls.back().args.back());
-                icons += file.substr(file.rfind('_') + 1) + " ";
+                shown(battery);
             }
+            battery.setValue(3);
+            ui::Battery another(0, 0, 24, 24, kRes); // the shared level starts again at 0
+            shown(another);
+            shown(ethernet);
             std::fprintf(stderr, "%s\n", icons.c_str());
-            std::_Exit(icons == "1.png 4.png 4.png 05.png 1.png " ? 0 : 1); // 05: charging
+            std::_Exit(icons == "1.png 4.png 4.png 05.png 1.png 1.png icon.png " ? 0 : 1); // 05: charging
         },
         ::testing::ExitedWithCode(0), "");
 }
@@ -53,6 +63,7 @@ TEST_F(HeaderTest, Icons_ShowTheirStateOnlyWhereTheTerminalHasThem) {
     ui::Ethernet ethernet(0, 0, 24, 24, kRes);
     ui::FlightMode flight(0, 0, 24, 24, kRes);
     ui::ApplicationUpdate update(30, 0, 24, 24, kRes);
+    EXPECT_FALSE(flight.isVisible()); // off until the application says so
     const auto draw = [&](bool connected, bool flying, bool updating) {
         ethernet.setValue(connected);
         flight.setVisible(flying);
@@ -112,6 +123,9 @@ TEST_F(HeaderTest, SignalStrength_SplitsPercentagesIntoEqualBands) {
         EXPECT_EQ(signal.getSignal(), row.index) << row.percent << "%";
     }
     EXPECT_EQ(std::distance(signal.begin(), signal.end()), 5);
+    ui::SignalStrength three({200, 4, 24, 24}, {bars[0], bars[1], bars[2]}); // bands of a hundredth each
+    three.setSignal(33);
+    EXPECT_EQ(three.getSignal(), 0u);
     EXPECT_THROW(ui::SignalStrength({0, 0, 1, 1}, {}), std::invalid_argument);
 }
 

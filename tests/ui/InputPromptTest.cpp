@@ -97,6 +97,8 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
          "192168001010"},
         {createTextPrompt(false, false, true, 2, 3), "2:A 2:B 2:C P2:CA 3:CAD 3:CAD C:CA", true, "CA"},
         {createTextPrompt(false, false, true, 2, 3), "222:C", false, "C"},
+        {createTextPrompt(true, true, false, 1, 4), "1:1 1:! P2:!2 9:!29", true, "!29"},
+        {createNumericTimePrompt(), "23596:23:59:6 0:23:59:6 X: 000000:00:00:00", true, "000000"},
         {createDefaultAlphaNumericPrompt(), "0:0 0:. 0:_ 1:_1 1:_!", true, "_!"},
     };
     for (const auto& c : cases) {
@@ -121,6 +123,9 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
     view->prompt().setTextboxText("2015053");
     EXPECT_EQ(press('0'), "2015/05/30");
     EXPECT_FALSE(view->prompt().validateInputText()); // the day before the minimum
+    show(createNumericPrompt(1, 100));
+    view->prompt().setTextboxText("1a");
+    EXPECT_EQ(press('5'), "1a5"); // read as 1: reading stops at the first character not a digit
 }
 
 TEST_F(InputPromptTest, CreateBuildsEachKind_AndNothingForTheOthers) {

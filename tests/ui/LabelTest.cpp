@@ -77,21 +77,24 @@ TEST_F(LabelTest, Draw_OnlyLinesThatFit_PlacedByTheAlignments) {
 TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     ui::Label source(1, 2, 200, 0);
     source.setText("Sale");
+    source.setHeight(40);
     source.setAlignment(ui::utils::Centre);
+    source.verticalAlignment(false); // at the top of its 40 pixels, not 10 lower
     source.setColor(0x00FF00FF);
     source.setVisible(false);
-    // What a label looks like drawn: its x (the alignment), colour and text.
+    // What a label looks like drawn: its x and y (the alignments), colour and text.
     const auto looks = [&](ui::Label& l) {
         const auto calls = drawn(l);
         return calls.empty() ? std::string()
-                             : calls[0].args[1] + " " + calls[0].args[6] + " " + calls[0].args[7];
+                             : calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[6] + " " +
+                                   calls[0].args[7];
     };
-    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 0xff00ff00 \"Sale\"";
+    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 2 0xff00ff00 \"Sale\"";
 
     ui::Label copy(source);
     EXPECT_TRUE(copy.isVisible());
     EXPECT_EQ(looks(copy), sale); // alignment, colour and lines all copied
-    EXPECT_EQ(copy.getHeight(), 20u);
+    EXPECT_EQ(copy.getHeight(), 40u);
 
     ui::Label assigned;
     assigned = source;

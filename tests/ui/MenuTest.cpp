@@ -105,6 +105,7 @@ protected:
 TEST_F(ListBoxTest, TenItemsInAHundredPixels_ScrollDownAndWrapUp) {
     ui::ListBox list(0, 0, 200, 100, makeItems(10)); // pitch 25: four rows
     EXPECT_EQ(rows(list), (Rows{"0*", "1", "2", "3"}));
+    EXPECT_EQ(test::drawCalls(list, "CanvasDrawRect")[0].args[4], "20"); // items made 0 high: a line
     for (int i = 0; i < 4; ++i)
         list.down();
     EXPECT_EQ(selectedId(list), 4);

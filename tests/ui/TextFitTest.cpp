@@ -95,8 +95,11 @@ TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
         {"dropping", [](const char* s) { return madeUpWidth(s, true); }}};
     for (int i = 0; i < 24000; ++i) {
         const auto& [name, measure] = fonts[size_t(i) % fonts.size()];
-        const std::string text = i < 3 ? std::string() : randomText(rng);
-        const unsigned width = randomWidth(rng, name == "font" ? 10 : 9);
+        // First the empty text; then a long word whose line holds all but its last character,
+        // found only once the gallop has run past the word's end.
+        const std::string text = i < 3 ? std::string() : i < 6 ? std::string(70, 'a') : randomText(rng);
+        const unsigned width = i < 3 || i >= 6 ? randomWidth(rng, name == "font" ? 10 : 9)
+                                               : measure(std::string(69, 'a').c_str());
         const Lines expected = referenceWrapText(text, width, measure);
         ASSERT_EQ(ui::detail::wrapText(text, width, measure), expected)
             << "case " << i << ", " << name << ", width " << width << ", text "
@@ -112,16 +115,21 @@ TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
 // measured more (a step that does not double, a character taken byte by byte) is slower on a
 // terminal whatever it gives.
 TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
-    std::string narrowThenWide, emoji;
+    std::string narrowThenWide, emoji, accents;
     for (int i = 0; i < 10; ++i)
         narrowThenWide += std::string(100, 'i') + std::string(100, 'W');
-    for (int i = 0; i < 500; ++i)
+    for (int i = 0; i < 500; ++i) {
         emoji += "\xF0\x9F\x92\xB3\x80"; // a card, and a byte outside any character
+        accents += "\xC3\xA9\x80";       // an e acute, and the same
+    }
     const struct {
         std::string text;
         unsigned width;
         int measurements;
-    } cases[] = {{std::string(2000, 'a'), 300, 147}, {narrowThenWide, 300, 460}, {emoji, 300, 179}};
+    } cases[] = {{std::string(2000, 'a'), 300, 147},
+                 {narrowThenWide, 300, 460},
+                 {emoji, 300, 179},
+                 {accents, 300, 114}};
     for (const auto& c : cases) {
         int measured = 0;
         ui::detail::wrapText(c.text, c.width, [&](const char* s) {

@@ -19,7 +19,8 @@ TEST(TextLayoutTest, SplitOnNewLinesTrimsAndKeepsEmptyLines_SplitLineCutsAtTheLa
     EXPECT_EQ(ui::wordWrap("Tap card", 8), (Lines{"Tap card"}));
     EXPECT_EQ(ui::wordWrap("Please insert your card\nthen wait", 10),
               (Lines{"Please", "insert", "your card", "then wait"}));
-    EXPECT_EQ(ui::splitLine("abc", 0), (Lines{""})); // no budget: nothing to cut by, and it ends
+    EXPECT_EQ(ui::splitLine("abc", 0), (Lines{""}));             // no budget: nothing to cut by, and it ends
+    EXPECT_EQ(ui::splitLine(" abc", 2), (Lines{"", "ab", "c"})); // an empty first piece, and on
 }
 
 class TextLayoutOnScreenTest : public test::DeviceTest {
@@ -72,6 +73,10 @@ TEST_F(TextLayoutOnScreenTest, AutomaticFormattingStacksLeftAlignedLines_EvenWhe
 TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsPastTheFirstBreak) {
     std::vector<std::string> out;
     ui::wordWrap(out, "Short");
+    EXPECT_EQ(out, (Lines{"Short"}));
+    // Exactly as wide as the canvas (64 "i" of 5 pixels): not narrower, so walked, and never past
+    // it, so nothing is added at all. Kept as specified.
+    ui::wordWrap(out, std::string(64, 'i'));
     EXPECT_EQ(out, (Lines{"Short"}));
 
     // Find a text just one character too wide for the canvas.

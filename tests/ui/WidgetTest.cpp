@@ -1,5 +1,7 @@
 #include "Support.hpp"
 
+#include "ui/Label.hpp"
+#include "ui/Menu.hpp"
 #include "ui/Widget.hpp"
 
 #include <sstream>
@@ -29,6 +31,31 @@ TEST(IContainer, DrawWidgets_SkipsNullChildren_AndAsksHiddenOnesToo) {
     EXPECT_TRUE(ui::detail::update(nullptr, first.get()));
     EXPECT_EQ(first->asked, 2);
     EXPECT_EQ(ui::detail::CalculateMainViewYPosition(10, 30), 30u);
+}
+
+// Every setter of a widget made of parts reaches them: a centred "Sale" moved to (10, 30) and
+// made 300 x 40 is drawn in the middle of its new box; a proxy hidden draws nothing.
+class CompositeTest : public test::PlatformTest {};
+
+TEST_F(CompositeTest, EverySetterReachesTheParts) {
+    auto proxy = std::make_shared<ui::ProxyLabel>(0, 0, 100, 20);
+    proxy->setText(std::string("Sale"));
+    proxy->setAlignment(ui::utils::Centre);
+    auto item = std::make_shared<ui::ListItem>(0, 0, 100, 20, ui::menu::MenuItem(1, "Sale", false));
+    item->setAlignment(ui::utils::Centre);
+    const std::string centred = std::to_string(10 + 150 - ui::fonts::GetTextWidth("Sale") / 2) + " 40";
+    for (const std::shared_ptr<ui::Widget>& widget :
+         {std::shared_ptr<ui::Widget>(proxy), std::shared_ptr<ui::Widget>(item)}) {
+        widget->setX(10);
+        widget->setY(30);
+        widget->setWidth(300);
+        widget->setHeight(40);
+        const auto texts = ui::kit::drawnTexts(test::drawCalls(*widget, "CanvasDrawText"));
+        ASSERT_EQ(texts.size(), 1u);
+        EXPECT_EQ(std::to_string(texts[0].x) + " " + std::to_string(texts[0].y), centred);
+    }
+    proxy->setVisible(false);
+    EXPECT_TRUE(test::drawCalls(*proxy).empty());
 }
 
 TEST(Widget, Dump_WritesSevenLabelledLines) {

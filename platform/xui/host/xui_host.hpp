@@ -18,6 +18,9 @@ void setPanelSize(unsigned width, unsigned height);
 // Makes the next XuiOpen fail (it returns -1 and the display stays closed), as a terminal
 // whose display cannot start.
 void failNextOpen();
+// Makes the canvas created after `after` more have been made fail (XuiCreateCanvas returns
+// null), as a terminal short of memory for one more.
+void failCanvasCreation(unsigned after);
 
 // Closes the display if open, empties the key queue and the trace, restores the defaults
 // (panel size, key wait limit, animation clock). Fonts stay: the library caches their handles.

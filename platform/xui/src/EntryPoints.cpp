@@ -169,6 +169,8 @@ XuiWindow* XuiCreateCanvas(XuiWindow* parent, unsigned x, unsigned y, unsigned w
     Lock lock(s.mutex);
     TRACE(arg(parent), arg(x), arg(y), arg(width), arg(height));
     Canvas* p = findCanvas(parent);
+    if (s.failCanvasAfter >= 0 && s.failCanvasAfter-- == 0)
+        return nullptr; // as a terminal out of memory for one more canvas
     if (!p || uint64_t(width) * height > 64ull * 1024 * 1024)
         return nullptr;
     Canvas* c = createCanvas(p, x, y, width, height);
@@ -600,6 +602,7 @@ void reset() {
         s.statusbarIcons.clear();
         s.imageFiles.clear();
         s.failNextOpen = false;
+        s.failCanvasAfter = -1;
         s.animationPinned = false;
         s.measuredTexts = 0;
         s.measuredBytes = 0;
@@ -675,6 +678,12 @@ void unpinAnimationTime() {
     auto& s = state();
     Lock lock(s.mutex);
     s.animationPinned = false;
+}
+
+void failCanvasCreation(unsigned after) {
+    auto& s = state();
+    Lock lock(s.mutex);
+    s.failCanvasAfter = int(after);
 }
 
 void failNextOpen() {

@@ -95,6 +95,7 @@ struct State {
     std::map<int, std::string> statusbarIcons;
     std::map<int, std::string> imageFiles; // image id -> the file it was loaded from
     bool failNextOpen = false;
+    int failCanvasAfter = -1; // canvases still made before one fails; -1: none fails
     bool animationPinned = false;
     uint64_t measuredTexts = 0; // XuiTextWidth calls
     uint64_t measuredBytes = 0; // and the bytes they measured

@@ -36,9 +36,11 @@ TEST_F(LedTest, CopiesAndAssignmentsTakeStateAndPictures) {
     ui::Led copy(lit);
     EXPECT_EQ(drawn(copy), Drawn{"on@7"});
 
-    ui::Led other(0, 0, 15, 15, black, green); // pictures the other way round
+    ui::Led other(0, 0, 9, 9, black, green); // pictures the other way round
     other = lit;
     EXPECT_EQ(drawn(other), Drawn{"on@7"});
+    EXPECT_EQ(std::make_tuple(other.getY(), other.getWidth(), other.getHeight()),
+              std::make_tuple(2u, 15u, 15u));
     other.setOn(false); // its own lock and state from now on
     EXPECT_TRUE(lit.isOn());
     other = std::move(copy);

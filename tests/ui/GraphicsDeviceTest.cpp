@@ -233,14 +233,16 @@ TEST_F(GraphicsDeviceTest, ADisplayThatDoesNotOpen_LeavesADeviceThatDrawsNothing
         EXPECT_NE(call.function, "ShowWindow") << "presented on a closed display";
 }
 
-// A status bar that leaves no room, or a canvas Xui cannot make (the second of the main pair):
-// nothing is ever asked of a canvas that was not made.
+// A status bar that leaves no room, or a canvas Xui cannot make: nothing is ever asked of a
+// canvas that was not made.
 TEST_F(GraphicsDeviceTest, CanvasesThatCannotBeMade_LeaveADeviceThatDrawsNothing) {
     device.reset();
-    for (int statusbar : {-1, 240, 1000, 24}) {
+    // A status bar and, for one that leaves room, which canvas fails: the second of each pair.
+    for (const auto& [statusbar, failing] :
+         std::vector<std::pair<int, int>>{{-1, -1}, {240, -1}, {1000, -1}, {24, 1}, {24, 3}}) {
         XuiClose();
-        if (statusbar == 24)
-            xui_host::failCanvasCreation(1);
+        if (failing >= 0)
+            xui_host::failCanvasCreation(unsigned(failing));
         xui_host::clearTrace();
         ui::GraphicsDevice squeezed(GraphicsDeviceParams{0, statusbar});
         EXPECT_EQ(squeezed.getRootCanvas(), nullptr) << statusbar;

@@ -49,12 +49,18 @@ TEST_F(ImageTest, SizeIsThePicturesOwn_AndDrawBlitsItEvenWhenHidden) {
     const std::string blit = "CanvasDrawImg(root, 5, 6, 32, 16, 0, " + xui_host::nameOf(*image) + ")";
     EXPECT_EQ(calls("CanvasDrawImg"), (std::vector<std::string>{blit, blit}));
     ui::Image nothing(picture, 0, 0, 0, 0, [](const char*) -> _XuiImg* { return nullptr; });
-    EXPECT_EQ(nothing.getWidth(), 0u);
+    EXPECT_EQ(nothing.getWidth() + nothing.getHeight(), 0u);
+    const ui::Image atTheCorner(picture);
+    EXPECT_EQ(atTheCorner.getX() + atTheCorner.getY(), 0u);
     EXPECT_EQ(*nothing, nullptr);
     EXPECT_THROW(ui::Image(picture, 0, 0, 0, 0, nullptr), std::bad_function_call);
 }
 
 TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
+    const auto box = [](const ui::Widget& w) {
+        return std::to_string(w.getX()) + " " + std::to_string(w.getY()) + " " +
+               std::to_string(w.getWidth()) + " " + std::to_string(w.getHeight());
+    };
     {
         auto source = std::make_unique<ui::Image>(picture, 1, 2, 0, 0);
         source->setVisible(false);
@@ -72,15 +78,16 @@ TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
 
         const std::string other = test::writePng("other8x8", 8, 8);
         ui::Image target(other);
-        target = moved; // frees its own, loads afresh
+        target = moved; // frees its own, loads afresh, and takes the box
         EXPECT_EQ(target.getFilename(), picture);
+        EXPECT_EQ(box(target), "1 2 32 16");
         EXPECT_NE(*target, *moved);
         target = target; // self-assignment changes nothing
 
         ui::Image swapped(other);
         swapped = std::move(moved);
         EXPECT_EQ(swapped.getFilename(), picture);
-        EXPECT_EQ(swapped.getX(), 1u); // the box comes with the picture
+        EXPECT_EQ(box(swapped), "1 2 32 16"); // the box comes with the picture
         EXPECT_EQ(moved.getFilename(), other);
         EXPECT_EQ(*moved, nullptr);
     }

@@ -99,7 +99,7 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
         {createTextPrompt(false, false, true, 2, 3), "222:C", false, "C"},
         {createTextPrompt(true, true, false, 1, 4), "1:1 1:! P2:!2 9:!29", true, "!29"},
         {createNumericTimePrompt(), "23596:23:59:6 0:23:59:6 X: 000000:00:00:00", true, "000000"},
-        {createNumericDatePrompt(), "29991231:2999/12/31", true, "29991231"},
+        {createNumericDatePrompt(), "29991231:2999/12/31 C:2999/12/3 2:2999/12/3", false, "2999123"},
         {createNumericIPPrompt(), "000000000000:000.000.000.000", true, "000000000000"},
         {createDefaultAlphaNumericPrompt(), "0:0 0:. 0:_ 1:_1 1:_!", true, "_!"},
     };

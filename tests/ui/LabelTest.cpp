@@ -53,6 +53,9 @@ TEST_F(LabelTest, Draw_OnlyLinesThatFit_PlacedByTheAlignments) {
     label.setColor(0x12345678u);
     label.setFontSize(40);
     EXPECT_EQ(placed(label).at(0), "10 100 40 0xff123456 \"word\"");
+    label.setFontSize(0); // no size: every line, one on another, whatever the height
+    label.setHeight(0);
+    EXPECT_EQ(placed(label).size(), 3u);
 
     const unsigned w = width("Total");
     ui::Label total(7, 0, 101, 20);

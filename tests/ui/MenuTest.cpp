@@ -60,6 +60,8 @@ TEST_F(ListItemTest, Looks_NormalFocusedAndDisabled) {
     // Focused: the accent bar over the whole item, under text in the main background colour.
     EXPECT_EQ(drawn(item), (std::vector<std::string>{"rect 0xff4fc3f7 r1", "text 0xff0f1c2e \"Sale\""}));
     EXPECT_EQ(calls("CanvasDrawRect")[0], "CanvasDrawRect(root, 4, 5, 300, 20, 0xff4fc3f7, 1, 1)");
+    item.setFocus(false); // the text's own colour again
+    EXPECT_EQ(drawn(item), (std::vector<std::string>{"text 0xffeceff1 \"Sale\""}));
     ui::ListItem disabled(0, 0, 300, 20, MenuItem(2, "Void", true));
     disabled.setFocus(true); // never shows the bar
     EXPECT_EQ(drawn(disabled), (std::vector<std::string>{"text 0xff607d8b \"Void\""}));
@@ -106,6 +108,8 @@ TEST_F(ListBoxTest, TenItemsInAHundredPixels_ScrollDownAndWrapUp) {
     ui::ListBox list(0, 0, 200, 100, makeItems(10)); // pitch 25: four rows
     EXPECT_EQ(rows(list), (Rows{"0*", "1", "2", "3"}));
     EXPECT_EQ(test::drawCalls(list, "CanvasDrawRect")[0].args[4], "20"); // items made 0 high: a line
+    ui::ListBox narrow(0, 0, 150, 100, {ui::ListItem(0, 0, 0, 20, MenuItem(1, "x", false))});
+    EXPECT_EQ(test::drawCalls(narrow, "CanvasDrawRect")[0].args[3], "150"); // made 0 wide: the list's
     for (int i = 0; i < 4; ++i)
         list.down();
     EXPECT_EQ(selectedId(list), 4);

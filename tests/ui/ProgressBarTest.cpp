@@ -39,6 +39,8 @@ TEST_F(ProgressBarTest, Geometry_InsetsAreAHundredthOfTheWidth_AndAnEmptyBarIsFu
     ui::ProgressBar narrow(0, 0, 99, 10, kFrame, kBack, kFill, kFull);
     narrow.setProgress(50);
     EXPECT_EQ(rects(narrow), (Rects{"0,0 99x10 0xff111111", "0,0 99x10 0xff222222", "0,0 49x10 0xff333333"}));
+    ui::ProgressBar cornered(99, 10); // at the corner, in the branding's colours
+    EXPECT_EQ(rects(cornered)[0].substr(0, 9), "0,0 99x10");
     ui::ProgressBar zero(0, 0, 0, 10, kFrame, kBack, kFill, kFull);
     EXPECT_EQ(rects(zero)[2], "0,0 0x10 0xff444444");
     zero.setVisible(false);

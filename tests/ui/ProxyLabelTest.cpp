@@ -104,6 +104,9 @@ TEST_F(TitleTest, TheBandRunsToTheScreensFullWidthFromItsX_ThenCaptionThenWidget
     EXPECT_EQ(full.getWidth(), 320u);
     full.setString("Settings");
     EXPECT_EQ(test::texts(test::drawCalls(full)), Texts{"Settings"});
+    osal::host::setString(2, "Sale");
+    full.setText(2);
+    EXPECT_EQ(test::texts(test::drawCalls(full)), Texts{"Sale"});
     ui::Title unknown(99, nullptr); // an empty band, and the unknown caption logged
     EXPECT_EQ(test::drawCalls(unknown, "CanvasDrawText").size(), 0u);
     EXPECT_EQ(test::drawCalls(unknown, "CanvasDrawRect").size(), 1u);

@@ -1,5 +1,6 @@
 #include "Support.hpp"
 
+#include "ui/Image.hpp"
 #include "ui/Label.hpp"
 #include "ui/Menu.hpp"
 #include "ui/Widget.hpp"
@@ -33,29 +34,52 @@ TEST(IContainer, DrawWidgets_SkipsNullChildren_AndAsksHiddenOnesToo) {
     EXPECT_EQ(ui::detail::CalculateMainViewYPosition(10, 30), 30u);
 }
 
-// Every setter of a widget made of parts reaches them: a centred "Sale" moved to (10, 30) and
-// made 300 x 40 is drawn in the middle of its new box; a proxy hidden draws nothing.
+std::string box(const ui::Widget& w) {
+    return std::to_string(w.getX()) + " " + std::to_string(w.getY()) + " " + std::to_string(w.getWidth()) +
+           " " + std::to_string(w.getHeight());
+}
+
 class CompositeTest : public test::PlatformTest {};
 
+// Every setter of a widget made of parts reaches its own box and the parts: a centred "Sale"
+// moved to (10, 30) and made 300 x 40 is drawn in the middle of its new box, in the size it was
+// given; a picture is drawn over the whole box; a proxy hidden draws nothing.
 TEST_F(CompositeTest, EverySetterReachesTheParts) {
     auto proxy = std::make_shared<ui::ProxyLabel>(0, 0, 100, 20);
     proxy->setText(std::string("Sale"));
     proxy->setAlignment(ui::utils::Centre);
+    proxy->setFontSize(16);
     auto item = std::make_shared<ui::ListItem>(0, 0, 100, 20, ui::menu::MenuItem(1, "Sale", false));
     item->setAlignment(ui::utils::Centre);
-    const std::string centred = std::to_string(10 + 150 - ui::fonts::GetTextWidth("Sale") / 2) + " 40";
+    auto picture = std::make_shared<ui::ProxyImage>(test::writePng("composite", 8, 8), 0, 0, 8, 8);
     for (const std::shared_ptr<ui::Widget>& widget :
-         {std::shared_ptr<ui::Widget>(proxy), std::shared_ptr<ui::Widget>(item)}) {
+         {std::shared_ptr<ui::Widget>(proxy), std::shared_ptr<ui::Widget>(item),
+          std::shared_ptr<ui::Widget>(picture)}) {
         widget->setX(10);
         widget->setY(30);
         widget->setWidth(300);
         widget->setHeight(40);
-        const auto texts = ui::kit::drawnTexts(test::drawCalls(*widget, "CanvasDrawText"));
-        ASSERT_EQ(texts.size(), 1u);
-        EXPECT_EQ(std::to_string(texts[0].x) + " " + std::to_string(texts[0].y), centred);
+        EXPECT_EQ(box(*widget), "10 30 300 40");
+        const auto calls = test::drawCalls(*widget, widget == picture ? "CanvasDrawImg" : "CanvasDrawText");
+        ASSERT_EQ(calls.size(), 1u);
+        const unsigned size = widget == proxy ? 16 : 20; // a picture: x, y and width
+        const std::string where =
+            widget == picture ? "10 30 300"
+                              : std::to_string(10 + 150 - ui::fonts::GetTextWidth("Sale", size) / 2) + " " +
+                                    std::to_string(30 + (40 - size) / 2) + " " + std::to_string(size);
+        EXPECT_EQ(calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[3], where);
     }
     proxy->setVisible(false);
     EXPECT_TRUE(test::drawCalls(*proxy).empty());
+}
+
+// Widgets made without a box sit at the corner, of no size.
+TEST_F(CompositeTest, WidgetsMadeWithoutABoxAreEmptyAtTheCorner) {
+    const ui::ProxyImage image;
+    const ui::ProxyLabel label;
+    const ui::Decorator decorator(nullptr);
+    for (const ui::Widget* widget : std::initializer_list<const ui::Widget*>{&image, &label, &decorator})
+        EXPECT_EQ(box(*widget), "0 0 0 0");
 }
 
 TEST(Widget, Dump_WritesSevenLabelledLines) {

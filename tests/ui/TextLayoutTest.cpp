@@ -79,9 +79,10 @@ TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsP
     ui::wordWrap(out, std::string(64, 'i'));
     EXPECT_EQ(out, (Lines{"Short"}));
 
-    // Find a text just one character too wide for the canvas.
-    std::string text;
-    unsigned sum = 0;
+    // Find a text just one character too wide for the canvas; its first letter stands out, so a
+    // line cut from the wrong place shows.
+    std::string text = "W";
+    unsigned sum = ui::fonts::GetTextWidth("W");
     while (sum <= 320) {
         text += 'm';
         sum += ui::fonts::GetTextWidth("m");
@@ -98,6 +99,15 @@ TEST_F(TextLayoutOnScreenTest, PixelWordWrap_KeepsAFittingTextWhole_AndOverlapsP
     ui::wordWrap(out, "");
     EXPECT_EQ(out, (Lines{""})); // the canvas is wider than nothing
     EXPECT_EQ(ui::automaticFormatting(text, 0).size(), 6u);
+
+    // On a panel narrower than one letter every cut is empty, and wrapping still ends.
+    device.reset();
+    xui_host::setPanelSize(12, 240);
+    device = std::make_unique<ui::GraphicsDevice>(GraphicsDeviceParams{0, 0});
+    ASSERT_EQ(GetMainCanvasWidth(), 12);
+    out.clear();
+    ui::wordWrap(out, "WW");
+    EXPECT_EQ(out, (Lines{"", "W", ""}));
 }
 
 } // namespace

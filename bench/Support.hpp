@@ -2,7 +2,7 @@
 // a key press until the frame that shows it is on the panel.
 #pragma once
 
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/ui.hpp>
 
 #include <osal/host.hpp>

@@ -1,12 +1,13 @@
-# Debian packages (./run package): the library with its headers; the host stand-ins of the
-# platform libraries on their own, so that a terminal image never carries them; the simulator.
+# Debian packages (./run package): the library with its headers; the application layer; the
+# host stand-ins of the platform libraries on their own, so that a terminal image never carries
+# them; the testing kit; the simulator.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR "ui")
 set(CPACK_PACKAGE_CONTACT "UI library developers <ui@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL library platform)
+set(CPACK_COMPONENTS_ALL library app platform)
 if(TARGET ui_testing)
     list(APPEND CPACK_COMPONENTS_ALL testing)
 endif()
@@ -30,9 +31,13 @@ if(UI_PLATFORM STREQUAL "host")
     set(CPACK_COMPONENT_LIBRARY_DEPENDS platform)
 endif()
 
+set(CPACK_DEBIAN_APP_PACKAGE_NAME libui-app-dev)
+set(CPACK_COMPONENT_APP_DESCRIPTION "Application layer of the UI library: a screen base, a prompt screen and the status header, as a static library with its headers, CMake component (app) and pkg-config file (ui-app)")
+set(CPACK_COMPONENT_APP_DEPENDS library)
+
 set(CPACK_DEBIAN_TESTING_PACKAGE_NAME libui-testing-dev)
-set(CPACK_COMPONENT_TESTING_DESCRIPTION "Testing kit of the UI library: a GoogleTest library that runs an application's screens on the host stand-ins, presses keys, reads the screen, LEDs and tones and compares golden pictures; the stand-ins' host controls and the screen base")
-set(CPACK_COMPONENT_TESTING_DEPENDS library platform)
+set(CPACK_COMPONENT_TESTING_DESCRIPTION "Testing kit of the UI library: a GoogleTest library that runs an application's screens on the host stand-ins, presses keys, reads the screen, LEDs and tones and compares golden pictures; the stand-ins' host controls")
+set(CPACK_COMPONENT_TESTING_DEPENDS library app platform)
 set(CPACK_DEBIAN_TESTING_PACKAGE_DEPENDS "libgtest-dev, libgmock-dev, libgif-dev, libsndfile1-dev")
 
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME ui-simulator)

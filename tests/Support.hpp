@@ -10,7 +10,7 @@
 #include "ui/Image.hpp"
 #include "ui/Widget.hpp"
 
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/kit/Pixels.hpp>
 #include <ui/kit/Platform.hpp>
 #include <ui/kit/Terminal.hpp>

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "AppThread.hpp"
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/kit/Script.hpp>
 
 #include <ui/ui.hpp>

@@ -3,7 +3,7 @@
 // and plays the indicator's sequence.
 #pragma once
 
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/ui.hpp>
 
 #include <memory>

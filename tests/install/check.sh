@@ -18,8 +18,10 @@ done
 if find "$prefix" -name xui_host.hpp -o -name host.hpp | grep .; then
     echo "host controls installed"; exit 1
 fi
-cmake --install "$build" --prefix "$work/prefix" --component testing >> "$work.install.log" 2>&1 ||
-    { cat "$work.install.log"; exit 1; }
+for component in app testing; do
+    cmake --install "$build" --prefix "$work/prefix" --component $component >> "$work.install.log" 2>&1 ||
+        { cat "$work.install.log"; exit 1; }
+done
 cmake -S "$source" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" > "$work.cmake.log" 2>&1 &&
     cmake --build "$work/cmake" >> "$work.cmake.log" 2>&1 || { cat "$work.cmake.log"; exit 1; }
 LD_LIBRARY_PATH=$libdir "$work/cmake/consumer"

@@ -17,10 +17,16 @@ cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_RO
     >> "$log" 2>&1 || fail "configure failed"
 grep -q "Vendor platform: $work/sdk/lib" "$log" || fail "the vendor's libraries were not the ones found"
 cmake --build "$work/build" >> "$log" 2>&1 || fail "build failed"
-# Only the library: none of our stand-ins, tests or simulator was built.
-built=$(cd "$work/build" && find . -name '*.so*' -o -name 'ui_tests' -o -name 'ui_demo' | sort | tr '\n' ' ')
-[ "$built" = "./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "built: $built"
-cmake --install "$work/build" --prefix "$work/image" >> "$log" 2>&1 || fail "install failed"
-installed=$(cd "$work/image" && find . -name '*.so*' -o -name 'xui.h' -o -path '*osal*' | sort | tr '\n' ' ')
+# Only the library and the application layer: none of our stand-ins, tests or simulator.
+built=$(cd "$work/build" && find . -name '*.so*' -o -name '*.a' -o -name 'ui_tests' -o -name 'ui_demo' | sort | tr '\n' ' ')
+[ "$built" = "./app/libui_app.a ./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "built: $built"
+# The terminal's image takes the library; an application's build takes the application layer
+# from its own component.
+cmake --install "$work/build" --component library --prefix "$work/image" >> "$log" 2>&1 || fail "install failed"
+installed=$(cd "$work/image" && find . -name '*.so*' -o -name '*.a' -o -name 'xui.h' -o -path '*osal*' -o -path '*/app/*' | sort | tr '\n' ' ')
 [ "$installed" = "./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "installed: $installed"
+cmake --install "$work/build" --component app --prefix "$work/image" >> "$log" 2>&1 || fail "app install failed"
+installed=$(cd "$work/image" && find . -name '*.a' -o -path '*/app/*' -o -name 'uiApp*' -o -name 'ui-app.pc' | sort | tr '\n' ' ')
+[ "$installed" = "./include/ui/app/Screen.hpp ./lib/cmake/ui/uiAppTargets-noconfig.cmake ./lib/cmake/ui/uiAppTargets.cmake ./lib/libui_app.a ./lib/pkgconfig/ui-app.pc " ] ||
+    fail "installed with the application layer: $installed"
 echo "built for the vendor's platform: $built"

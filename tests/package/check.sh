@@ -32,6 +32,12 @@ requires libui-host-platform libfreetype6
 requires ui-simulator "libui (= $version)"
 requires libui-testing-dev "libui (= $version)"
 requires libui-testing-dev libgtest-dev
+requires libui-testing-dev "libui-app-dev (= $version)"
+requires libui-app-dev "libui (= $version)"
+if grep "^libui-app-dev: " "$work/depends.txt" | grep -q "gtest\|libui-testing"; then
+    echo "the application layer depends on the testing kit"
+    exit 1
+fi
 if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui "; then
     echo "the stand-ins depend on the library"
     exit 1

@@ -1,6 +1,6 @@
 // The kit's fit check on each way a text can be lost, through the whole stack: the screen built,
 // shown on the terminal, and what its frame drew compared with what the widgets were given.
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
 

@@ -1,7 +1,7 @@
 // The headless session as any application gets it: each step waits for what the platform sees
 // the library's threads do, whatever the application tells it, and fails naming what it waited
 // for; a session watches beside terminals.
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Session.hpp>
 #include <ui/kit/Terminal.hpp>

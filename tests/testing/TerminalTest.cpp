@@ -1,6 +1,6 @@
 // The kit as an application's suite uses it: bring the terminal up, show a screen, type, and
 // look at what is on the panel, with nothing slept to wait for a frame.
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
 #include <ui/kit/Terminal.hpp>
 #include <ui/kit/Widgets.hpp>

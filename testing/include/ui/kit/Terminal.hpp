@@ -15,7 +15,7 @@
 #include "ui/kit/Platform.hpp"
 #include "ui/kit/Recorder.hpp"
 
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 
 #include <xui_host.hpp>
 

@@ -12,7 +12,7 @@
 
 #include "ui/kit/Platform.hpp"
 
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 
 #include <xui_host.hpp>
 

@@ -1,4 +1,4 @@
-#include <app/Screen.hpp>
+#include <ui/app/Screen.hpp>
 
 namespace app {
 

@@ -63,7 +63,7 @@ using ui::kit::drawCalls;
 // The texts of the CanvasDrawText calls among calls, unquoted, in order.
 inline std::vector<std::string> texts(const std::vector<xui_host::Call>& calls) {
     std::vector<std::string> out;
-    for (const auto& drawn : ui::kit::drawnTexts(calls))
+    for (const auto& drawn : ui::session::drawnTexts(calls))
         out.push_back(drawn.text);
     return out;
 }

@@ -2,7 +2,7 @@
 // session script and records it) or in a window (the keyboard as keypad).
 #include "SdlWindow.hpp"
 #include "Session.hpp"
-#include <ui/kit/Script.hpp>
+#include <ui/session/Script.hpp>
 
 #include <osal/host.hpp>
 #include <xui_host.hpp>
@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
                   << "step, session.gif, timeline.txt (LEDs and tones), tones.wav and storyboard.html.\n\n"
                   << demo::windowKeys() << "\n"
                   << options << "\n"
-                  << ui::kit::scriptHelp();
+                  << ui::session::scriptHelp();
         return 0;
     }
 
@@ -78,11 +78,11 @@ int main(int argc, char** argv) {
         }
     }
 
-    std::vector<ui::kit::Command> commands;
+    std::vector<ui::session::Command> commands;
     try {
         if (!script.empty() || !args.count("window"))
-            commands = ui::kit::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
-    } catch (const ui::kit::ScriptError& e) {
+            commands = ui::session::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
+    } catch (const ui::session::ScriptError& e) {
         std::cerr << "ui_demo: " << e.what() << "\n";
         return 2;
     }

@@ -7,7 +7,7 @@
 
 #include "AppThread.hpp"
 #include <ui/app/Screen.hpp>
-#include <ui/kit/Script.hpp>
+#include <ui/session/Script.hpp>
 
 #include <ui/ui.hpp>
 
@@ -29,7 +29,7 @@ struct AppOptions {
     std::function<void(const std::string&)> moment;
 };
 
-class PaymentApp : public ui::kit::Application {
+class PaymentApp : public ui::session::Application {
 public:
     // Opens the display, builds every screen and shows the idle one.
     explicit PaymentApp(const AppOptions& options = {});

@@ -1,6 +1,6 @@
 #include "SdlWindow.hpp"
-#include <ui/kit/Script.hpp>
-#include <ui/kit/Tones.hpp>
+#include <ui/session/Script.hpp>
+#include <ui/session/Tones.hpp>
 
 #include <osal/host.hpp>
 #include <xui_host.hpp>
@@ -15,11 +15,11 @@
 namespace demo {
 namespace {
 
-using ui::kit::addTone;
-using ui::kit::FrontEnd;
-using ui::kit::keyCode;
-using ui::kit::keyForTypedCharacter;
-using ui::kit::kToneSampleRate;
+using ui::session::addTone;
+using ui::session::FrontEnd;
+using ui::session::keyCode;
+using ui::session::keyForTypedCharacter;
+using ui::session::kToneSampleRate;
 
 // The PC keys that stand for the terminal's other keys, by the key's position. Digits, '*' and
 // '#' come from the text typed instead, so that any keyboard layout gives them.
@@ -107,7 +107,7 @@ private:
         app_.waitUntilIdle();
         if (app_.keysReceived() < keysSent_)
             return; // the keypad has not taken them all yet
-        ui::kit::apply(options_.script[next_++], app_, *this);
+        ui::session::apply(options_.script[next_++], app_, *this);
     }
 
     void handle(const SDL_Event& event) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "PaymentApp.hpp"
-#include <ui/kit/Script.hpp>
+#include <ui/session/Script.hpp>
 
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@ struct WindowOptions {
     AppOptions app;
     unsigned zoom = 2;
     // Played first, its keys typed as keyboard events; shots are pictures of the window.
-    std::vector<ui::kit::Command> script;
+    std::vector<ui::session::Command> script;
     bool quitAfterScript = false;
     std::string screenshots = "out"; // folder for F12 and the script's shots
 };

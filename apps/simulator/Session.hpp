@@ -1,10 +1,10 @@
-// The demo's session: the kit's headless player and recorder (ui::kit::Session) with the demo
+// The demo's session: the headless player and recorder (ui::session::Session) with the demo
 // application, its indicator set so that an idle picture shows the flash on every run.
 #pragma once
 
 #include "PaymentApp.hpp"
 
-#include <ui/kit/Session.hpp>
+#include <ui/session/Session.hpp>
 
 #include <string>
 #include <vector>
@@ -12,7 +12,7 @@
 namespace demo {
 
 struct SessionResult {
-    std::vector<ui::kit::Step> steps;
+    std::vector<ui::session::Step> steps;
     std::vector<std::string> files; // what was written, in order
 };
 
@@ -23,11 +23,11 @@ struct SessionOptions {
     std::string language;          // "de": res/strings/de.txt; empty: the strings loaded
 };
 
-// Runs the script headless to its end, the same on every run (see ui::kit::Session): the
+// Runs the script headless to its end, the same on every run (see ui::session::Session): the
 // indicator idles one second, then its idle flash stays lit for ten minutes, so that a picture
 // taken while it idles shows the flash however long the step took; the moments of a sale are
 // steps of their own. Throws ScriptError for a line the application cannot play, and
 // std::runtime_error when an output cannot be written.
-SessionResult runSession(const std::vector<ui::kit::Command>& script, const SessionOptions& options);
+SessionResult runSession(const std::vector<ui::session::Command>& script, const SessionOptions& options);
 
 } // namespace demo

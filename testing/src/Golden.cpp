@@ -119,16 +119,17 @@ std::string goldenPath(const std::string& path) {
     return failure;
 }
 
-::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& name,
-                                                 bool timeline) {
+::testing::AssertionResult sessionMatchesGoldens(const std::vector<session::Step>& steps,
+                                                 const std::string& name, bool timeline) {
     const std::string folder = goldenPath(name);
     std::string differing;
-    for (const Step& step : steps)
+    for (const session::Step& step : steps)
         if (const auto matches = matchesGolden(step.screen, folder + "/" + step.picture); !matches)
             differing +=
                 "\n  step " + std::to_string(step.number) + " (" + step.action + "): " + matches.message();
     if (timeline)
-        if (const auto matches = matchesGoldenText(timelineLines(steps, false), folder + "/timeline.txt");
+        if (const auto matches =
+                matchesGoldenText(session::timelineLines(steps, false), folder + "/timeline.txt");
             !matches)
             differing += std::string("\n  ") + matches.message();
     if (differing.empty())

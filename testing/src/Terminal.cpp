@@ -1,5 +1,5 @@
 #include "ui/kit/Terminal.hpp"
-#include "ui/kit/Session.hpp"
+#include "ui/session/Session.hpp"
 
 #include <osal/host.hpp>
 
@@ -36,9 +36,9 @@ Terminal::Terminal(const TerminalOptions& options)
         throw std::runtime_error("Terminal: cannot read the strings " + strings);
     osal::host::setPseudoLocalization(options.pseudoLocalization);
     osal::host::useVirtualTime(options.virtualTime);
-    recorder_ = std::make_unique<Recorder>();
-    fitCheck_ = std::make_shared<FitCheck>();
-    startMs_ = steadyMs(Clock::now());
+    recorder_ = std::make_unique<session::Recorder>();
+    fitCheck_ = std::make_shared<session::FitCheck>();
+    startMs_ = session::steadyMs(session::Clock::now());
     ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{options.rotate, options.statusbar});
     ui_->initialize();
     graphics_ = ui::ServiceLocator::getGraphicsService();
@@ -114,7 +114,7 @@ app::StatusHeader& Terminal::header() {
 void Terminal::settle() {
     // Synchronous: a header drawn on another thread is finished first, under the same locks.
     graphics_->updateHeader();
-    if (presentNewFrame(*graphics_, options_.timeout))
+    if (session::presentNewFrame(*graphics_, options_.timeout))
         return;
     const std::string logged = loggedExceptions();
     throw std::runtime_error(
@@ -137,7 +137,7 @@ Texts Terminal::texts() {
     auto shown = std::make_shared<const xui_host::Frame>(frame());
     Texts out;
     for (const auto* calls : {&shown->headerCalls, &shown->calls})
-        for (auto& text : drawnTexts(*calls))
+        for (auto& text : session::drawnTexts(*calls))
             out.push_back(std::move(text));
     // Worked out only when a test asks, which is when a text it looked for is missing.
     out.howShown = [check = fitCheck_, shown](const std::string& text) {
@@ -146,7 +146,7 @@ Texts Terminal::texts() {
     return out;
 }
 
-std::vector<Overflow> Terminal::fit() {
+std::vector<session::Overflow> Terminal::fit() {
     return fitCheck_->check(frame());
 }
 

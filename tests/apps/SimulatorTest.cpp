@@ -2,7 +2,7 @@
 #include "Support.hpp"
 
 #include "Session.hpp"
-#include <ui/kit/Script.hpp>
+#include <ui/session/Script.hpp>
 
 #include <algorithm>
 #include <cstdio>
@@ -53,7 +53,7 @@ protected:
 TEST_P(DemoSessionTest, EveryStepFitsAndMatchesTheReviewedScreensAndTimeline) {
     osal::host::loadStrings("res/strings/en.txt");
     const auto result =
-        demo::runSession(ui::kit::loadScript("apps/simulator/demo.session"), GetParam().options);
+        demo::runSession(ui::session::loadScript("apps/simulator/demo.session"), GetParam().options);
     ASSERT_GT(result.steps.size(), 50u);
     for (const auto& step : result.steps)
         EXPECT_THAT(step.overflows, testing::IsEmpty())
@@ -73,7 +73,7 @@ TEST(DemoTest, ATapOnTheIdleScreenStartsASale) {
     ui::kit::Platform platform;
     osal::host::loadStrings("res/strings/en.txt");
     std::istringstream script("tap\n");
-    const auto result = demo::runSession(ui::kit::parseScript(script, "test.session"), {});
+    const auto result = demo::runSession(ui::session::parseScript(script, "test.session"), {});
     // The sale's entry screen, below a header of other values than the session's at that step.
     const auto below = [](const xui_host::Pixels& p) {
         return std::vector(p.argb.begin() + 32 * 320, p.argb.end());

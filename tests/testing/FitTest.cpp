@@ -75,7 +75,7 @@ TEST(KitFitTest, FindsEachKindOfLoss_AndNothingWhereAllFits) {
         terminal.show(screen);
         std::string found;
         for (const auto& overflow : terminal.fit())
-            found += (found.empty() ? "" : "; ") + ui::kit::describe(overflow);
+            found += (found.empty() ? "" : "; ") + ui::session::describe(overflow);
         EXPECT_EQ(found, loss.found) << loss.what;
         testing::StringMatchResultListener why;
         if (!loss.missing.empty()) {

@@ -1,6 +1,6 @@
 // Session scripts as a person writes them: every command read, every mistake named with its
 // line, and the one key table.
-#include <ui/kit/Script.hpp>
+#include <ui/session/Script.hpp>
 
 #include <xui.h>
 
@@ -11,9 +11,9 @@
 
 namespace {
 
-std::vector<ui::kit::Command> parse(const std::string& text) {
+std::vector<ui::session::Command> parse(const std::string& text) {
     std::istringstream in(text);
-    return ui::kit::parseScript(in, "test.session");
+    return ui::session::parseScript(in, "test.session");
 }
 
 TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
@@ -21,7 +21,7 @@ TEST(ScriptTest, ReadsEveryCommand_IgnoringCommentsAndBlankLines) {
                                 "tap declined\nbattery 6\nethernet off\nsignal 100\nflight on\noffline 12\n"
                                 "update off\nclock 2026-11-22 18:45\nshot receipt_2\n");
     ASSERT_EQ(commands.size(), 13u);
-    EXPECT_EQ(commands[0].kind, ui::kit::Command::Key);
+    EXPECT_EQ(commands[0].kind, ui::session::Command::Key);
     EXPECT_EQ(commands[0].line, 3);
     EXPECT_EQ(commands[0].text, "key ENTER");
     std::string read; // each command's word, number and switch
@@ -50,18 +50,18 @@ TEST(ScriptTest, AnErrorNamesTheLineAndWhatWasExpected) {
     };
     for (const auto& c : cases) {
         EXPECT_THAT([&] { parse("key ENTER\n" + c.line + "\nkey ENTER\n"); },
-                    testing::ThrowsMessage<ui::kit::ScriptError>(testing::StartsWith(c.message)));
+                    testing::ThrowsMessage<ui::session::ScriptError>(testing::StartsWith(c.message)));
     }
 }
 
 TEST(ScriptTest, OneKeyTable_TypedStarAndHashAreKeysOnAnyLayout) {
-    EXPECT_EQ(ui::kit::keyCode("STAR"), XUI_KEY_STAR);
-    EXPECT_EQ(ui::kit::keyCode("7"), '7');
-    EXPECT_EQ(ui::kit::keyCode("ENTRE"), XUI_KEY_NONE);
-    EXPECT_EQ(ui::kit::keyForTypedCharacter('*'), XUI_KEY_STAR);
-    EXPECT_EQ(ui::kit::keyForTypedCharacter('#'), XUI_KEY_HASH);
-    EXPECT_EQ(ui::kit::keyForTypedCharacter('0'), '0');
-    EXPECT_EQ(ui::kit::keyForTypedCharacter('t'), XUI_KEY_NONE); // a shortcut of the window's
+    EXPECT_EQ(ui::session::keyCode("STAR"), XUI_KEY_STAR);
+    EXPECT_EQ(ui::session::keyCode("7"), '7');
+    EXPECT_EQ(ui::session::keyCode("ENTRE"), XUI_KEY_NONE);
+    EXPECT_EQ(ui::session::keyForTypedCharacter('*'), XUI_KEY_STAR);
+    EXPECT_EQ(ui::session::keyForTypedCharacter('#'), XUI_KEY_HASH);
+    EXPECT_EQ(ui::session::keyForTypedCharacter('0'), '0');
+    EXPECT_EQ(ui::session::keyForTypedCharacter('t'), XUI_KEY_NONE); // a shortcut of the window's
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 // for; a session watches beside terminals.
 #include <ui/app/Screen.hpp>
 #include <ui/kit/Matchers.hpp>
-#include <ui/kit/Session.hpp>
 #include <ui/kit/Terminal.hpp>
+#include <ui/session/Session.hpp>
 
 #include <osal/device.hpp>
 
@@ -15,14 +15,14 @@
 
 namespace {
 
-std::vector<ui::kit::Command> script(const std::string& text) {
+std::vector<ui::session::Command> script(const std::string& text) {
     std::istringstream in(text);
-    return ui::kit::parseScript(in, "test.session");
+    return ui::session::parseScript(in, "test.session");
 }
 
 // An application that says nothing of its waits: one screen, the indicator Ready, and a card
 // changes the indicator's state on the thread that plays the script.
-class PlainApp : public ui::kit::Application {
+class PlainApp : public ui::session::Application {
 public:
     PlainApp() : ui_(GraphicsDeviceParams{0, 32}) {
         ui_.initialize();
@@ -43,11 +43,11 @@ private:
 
 TEST(KitSessionTest, AStepWaitsForTheIndicatorsSequenceAndAlert_WithoutTheApplicationsHelp) {
     ui::kit::Platform platform;
-    ui::kit::Session session;
+    ui::session::Session session;
     PlainApp app;
     const auto steps = session.play(script("tap\ntap declined\n"), app);
     EXPECT_EQ(
-        ui::kit::timelineLines(steps, false),
+        ui::session::timelineLines(steps, false),
         (std::vector<std::string>{"step 00  start", "  leds 1000", "step 01  tap", "  tone 1500 Hz 500 ms",
                                   "  leds 1100", "  leds 1110", "  leds 1111", "  leds 0000",
                                   "step 02  tap declined", "  tone 750 Hz 200 ms", "  tone 750 Hz 200 ms"}));
@@ -56,9 +56,9 @@ TEST(KitSessionTest, AStepWaitsForTheIndicatorsSequenceAndAlert_WithoutTheApplic
 // A session that may wait 50 ms for a step: the alert's pause between its beeps is longer.
 TEST(KitSessionTest, AStepThatDoesNotSettleFailsNamingWhatItWaitedFor) {
     ui::kit::Platform platform;
-    ui::kit::SessionOptions options;
+    ui::session::SessionOptions options;
     options.patience = std::chrono::milliseconds(50);
-    ui::kit::Session session(options);
+    ui::session::Session session(options);
     PlainApp app;
     std::string error;
     try {
@@ -73,13 +73,13 @@ TEST(KitSessionTest, AStepThatDoesNotSettleFailsNamingWhatItWaitedFor) {
 
 // Watchers made and gone in any order each see what sounded while they watched.
 TEST(KitSessionTest, ASessionAndATerminalWatchTogether_MadeAndGoneInAnyOrder) {
-    auto session = std::make_unique<ui::kit::Session>();
+    auto session = std::make_unique<ui::session::Session>();
     auto terminal = std::make_unique<ui::kit::Terminal>();
     device::beep(1000, 10);
     session.reset();
     device::beep(2000, 10);
     EXPECT_THAT(terminal->timeline(), ui::kit::SoundedTones({{1000, 10}, {2000, 10}}));
-    auto recorder = std::make_unique<ui::kit::Recorder>();
+    auto recorder = std::make_unique<ui::session::Recorder>();
     terminal.reset();
     device::beep(3000, 10);
     EXPECT_EQ(recorder->beeps().size(), 1u);

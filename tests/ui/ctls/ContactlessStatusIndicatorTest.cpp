@@ -5,7 +5,7 @@
 #include "ui/UserInterface.hpp"
 #include "ui/Window.hpp"
 
-#include <ui/kit/Recorder.hpp>
+#include <ui/session/Recorder.hpp>
 
 namespace {
 
@@ -21,7 +21,7 @@ protected:
     ContactlessTest() { openDisplay = false; }
     void SetUp() override {
         test::PlatformTest::SetUp();
-        recorder = std::make_unique<ui::kit::Recorder>();
+        recorder = std::make_unique<ui::session::Recorder>();
         ui_ = std::make_unique<ui::UserInterface>(GraphicsDeviceParams{0, 24});
         ui_->initialize();
         graphics = ui::ServiceLocator::getGraphicsService();
@@ -66,7 +66,7 @@ protected:
         osal::host::clearBeeps();
     }
 
-    std::unique_ptr<ui::kit::Recorder> recorder;
+    std::unique_ptr<ui::session::Recorder> recorder;
     std::unique_ptr<ui::UserInterface> ui_;
     ui::IGraphics* graphics = nullptr;
 };

@@ -8,7 +8,7 @@
 // folder of its own), unless the suite names its golden folder once with setGoldenFolder.
 #pragma once
 
-#include "ui/kit/Recording.hpp"
+#include "ui/session/Recording.hpp"
 
 #include <xui_host.hpp>
 
@@ -36,7 +36,7 @@ std::string goldenPath(const std::string& path);
 // A recorded session against a reviewed one in folder: every step's picture (folder + its
 // picture's name) and, when asked, the LED-and-tone timeline without its times
 // (folder/timeline.txt). The failure names each step that differs.
-::testing::AssertionResult sessionMatchesGoldens(const std::vector<Step>& steps, const std::string& folder,
-                                                 bool timeline = true);
+::testing::AssertionResult sessionMatchesGoldens(const std::vector<session::Step>& steps,
+                                                 const std::string& folder, bool timeline = true);
 
 } // namespace ui::kit

@@ -22,7 +22,7 @@ namespace ui::kit {
 namespace detail {
 
 // What a frame made of a text laid out for display, if it was; Terminal::texts() knows it.
-inline std::string howShown(const std::vector<DrawnText>&, const std::string&) {
+inline std::string howShown(const std::vector<session::DrawnText>&, const std::string&) {
     return "";
 }
 inline std::string howShown(const Texts& texts, const std::string& text) {
@@ -36,7 +36,7 @@ inline std::string howShown(const Texts& texts, const std::string& text) {
 MATCHER_P(ShowsText, text,
           std::string(negation ? "does not show " : "shows ") + "\"" + std::string(text) + "\"") {
     std::string seen;
-    for (const DrawnText& drawn : arg) {
+    for (const session::DrawnText& drawn : arg) {
         if (drawn.text == text)
             return true;
         seen += (seen.empty() ? "" : ", ") + ("\"" + drawn.text + "\"");
@@ -84,7 +84,7 @@ MATCHER_P(TonesAre, tones, "sounded exactly " + joined(tones, "no tone")) {
 
 MATCHER(Fits, "fits on the screen") {
     std::string lost;
-    for (const Overflow& overflow : arg)
+    for (const session::Overflow& overflow : arg)
         lost += "\n  " + describe(overflow);
     if (lost.empty())
         return true;

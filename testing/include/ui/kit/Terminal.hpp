@@ -11,9 +11,9 @@
 
 #include <ui/ui.hpp>
 
-#include "ui/kit/Fit.hpp"
 #include "ui/kit/Platform.hpp"
-#include "ui/kit/Recorder.hpp"
+#include "ui/session/Fit.hpp"
+#include "ui/session/Recorder.hpp"
 
 #include <ui/app/Screen.hpp>
 
@@ -73,7 +73,7 @@ inline void PrintTo(const Event& event, std::ostream* out) {
 // frame does not draw as one line, howShown says what it makes of it ("drawn in 2 lines: ...",
 // "cut: lost ...", or that nothing of it was drawn; empty for any other text): ShowsText explains
 // a missing text with it.
-struct Texts : std::vector<DrawnText> {
+struct Texts : std::vector<session::DrawnText> {
     std::function<std::string(const std::string& text)> howShown;
 };
 
@@ -131,7 +131,7 @@ public:
     // After settling, what of that frame does not fit: texts drawn past an edge, and texts given
     // since the terminal came up of which it draws only the start (see Fit.hpp). Check it with
     // FitsOnScreen (Matchers.hpp).
-    std::vector<Overflow> fit();
+    std::vector<session::Overflow> fit();
 
     // The contactless LEDs as last drawn, '1' lit ("1000"); waitForLeds blocks until they show
     // pattern (the indicator's worker draws them on its own thread), false on time-out.
@@ -155,8 +155,8 @@ private:
 
     TerminalOptions options_;
     std::unique_ptr<Platform> platform_;
-    std::unique_ptr<Recorder> recorder_;
-    std::shared_ptr<FitCheck> fitCheck_; // shared with the texts read, which may outlive it
+    std::unique_ptr<session::Recorder> recorder_;
+    std::shared_ptr<session::FitCheck> fitCheck_; // shared with the texts read, which may outlive it
     size_t exceptionsTaken_ = 0;
     std::vector<Event> events_;
     int64_t startMs_ = 0;

@@ -1,8 +1,8 @@
-#include "ui/kit/Recorder.hpp"
+#include "ui/session/Recorder.hpp"
 
 #include <xui_host.hpp>
 
-namespace ui::kit {
+namespace ui::session {
 
 Recorder::Recorder() {
     // Both listeners append to one list as things happen: one clock, and the order they came in.
@@ -110,4 +110,4 @@ bool Recorder::waitForTones(size_t count, std::chrono::milliseconds timeout) {
     return waitUntil([&] { return beeps_.size() >= count; }, timeout);
 }
 
-} // namespace ui::kit
+} // namespace ui::session

@@ -1,4 +1,4 @@
-#include "ui/kit/Script.hpp"
+#include "ui/session/Script.hpp"
 
 #include <osal/host.hpp>
 #include <xui.h>
@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-namespace ui::kit {
+namespace ui::session {
 
 const std::vector<KeyName>& keys() {
     static const std::vector<KeyName> table = {{"0", '0'},
@@ -299,4 +299,4 @@ std::vector<Command> loadScript(const std::string& path) {
     return parseScript(in, slash == std::string::npos ? path : path.substr(slash + 1));
 }
 
-} // namespace ui::kit
+} // namespace ui::session

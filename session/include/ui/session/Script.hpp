@@ -1,7 +1,7 @@
 // Session scripts: what a person at the terminal does, one line at a time, in a plain text a
 // person writes and reads. Each line is a command and its arguments; '#' starts a comment.
 // scriptHelp() lists the commands; apply() is the one place where a command meets the
-// application, whichever front end plays it (the kit's headless Session, the simulator's
+// application, whichever front end plays it (the headless Session, the simulator's
 // window).
 #pragma once
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 struct Command {
     enum Kind { Key, Keys, Wait, Tap, Battery, Ethernet, Signal, Flight, Offline, Update, Clock, Shot };
@@ -93,4 +93,4 @@ public:
 // Plays one command: the application's part here, the front end's part through it.
 void apply(const Command& command, Application& app, FrontEnd& frontEnd);
 
-} // namespace ui::kit
+} // namespace ui::session

@@ -22,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 // A text a frame drew, where it drew it (canvas coordinates).
 struct DrawnText {
@@ -90,4 +90,4 @@ private:
     std::vector<std::pair<std::thread::id, std::string>> recent_;
 };
 
-} // namespace ui::kit
+} // namespace ui::session

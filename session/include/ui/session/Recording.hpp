@@ -14,7 +14,7 @@
 #include <thread>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 // One step: a script line or a moment of the application, and what the terminal showed and
 // sounded.
@@ -39,4 +39,4 @@ std::vector<std::string> writeRecording(const std::string& folder, const std::ve
                                         const std::vector<osal::host::Beep>& beeps, int64_t startMs,
                                         int64_t endMs);
 
-} // namespace ui::kit
+} // namespace ui::session

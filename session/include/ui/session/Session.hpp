@@ -2,23 +2,23 @@
 // Recording): a step per script line and per moment the application names, each with its
 // picture, the LEDs and what the indicator did and sounded meanwhile.
 //
-//   ui::kit::Session session;              // before the application: it pins what it reads
+//   ui::session::Session session;             // before the application: it pins what it reads
 //   MyApp app;                             // an Application
-//   session.play(ui::kit::loadScript("sale.session"), app);
+//   session.play(ui::session::loadScript("sale.session"), app);
 //   session.write("out/sale");             // pictures, GIF, timeline, WAV, storyboard
 #pragma once
 
-#include "ui/kit/Fit.hpp"
-#include "ui/kit/Recorder.hpp"
-#include "ui/kit/Recording.hpp"
-#include "ui/kit/Script.hpp"
+#include "ui/session/Fit.hpp"
+#include "ui/session/Recorder.hpp"
+#include "ui/session/Recording.hpp"
+#include "ui/session/Script.hpp"
 
 #include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 // Returns once a frame of the main area begun after this call has been drawn and presented,
 // waiting on the stand-in's frame counters (header redraws do not move them); false when none
@@ -79,4 +79,4 @@ private:
     int64_t endMs_ = 0;
 };
 
-} // namespace ui::kit
+} // namespace ui::session

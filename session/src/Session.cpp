@@ -1,11 +1,11 @@
-#include "ui/kit/Session.hpp"
+#include "ui/session/Session.hpp"
 
 #include <osal/host.hpp>
 
 #include <iomanip>
 #include <sstream>
 
-namespace ui::kit {
+namespace ui::session {
 
 namespace {
 
@@ -132,4 +132,4 @@ std::vector<std::string> Session::write(const std::string& folder) {
     return writeRecording(folder, steps_, recorder_.beeps(), startMs_, endMs_);
 }
 
-} // namespace ui::kit
+} // namespace ui::session

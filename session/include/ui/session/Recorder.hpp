@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 using Clock = std::chrono::steady_clock;
 
@@ -70,4 +70,4 @@ private:
     std::string leds_ = "0000";
 };
 
-} // namespace ui::kit
+} // namespace ui::session

@@ -1,5 +1,5 @@
-#include "ui/kit/Recording.hpp"
-#include "ui/kit/Tones.hpp"
+#include "ui/session/Recording.hpp"
+#include "ui/session/Tones.hpp"
 
 #include <gif_lib.h>
 #include <sndfile.h>
@@ -9,7 +9,7 @@
 #include <iomanip>
 #include <sstream>
 
-namespace ui::kit {
+namespace ui::session {
 
 namespace {
 
@@ -153,4 +153,4 @@ std::vector<std::string> writeRecording(const std::string& folder, const std::ve
     return files;
 }
 
-} // namespace ui::kit
+} // namespace ui::session

@@ -1,4 +1,4 @@
-#include "ui/kit/Fit.hpp"
+#include "ui/session/Fit.hpp"
 
 #include <osal/host.hpp>
 
@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace ui::kit {
+namespace ui::session {
 
 namespace {
 
@@ -242,4 +242,4 @@ std::string FitCheck::howShown(const xui_host::Frame& frame, const std::string& 
     return "drawn in " + std::to_string(shown->run.end - shown->first + 1) + " lines: " + drawn;
 }
 
-} // namespace ui::kit
+} // namespace ui::session

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace ui::kit {
+namespace ui::session {
 
 constexpr int kToneSampleRate = 22050;
 
@@ -19,4 +19,4 @@ inline void addTone(std::vector<int16_t>& samples, size_t at, unsigned frequency
         samples[at + i] = std::fmod(double(i), period) < period / 2 ? 4000 : -4000;
 }
 
-} // namespace ui::kit
+} // namespace ui::session

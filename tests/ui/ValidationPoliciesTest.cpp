@@ -22,7 +22,7 @@ std::vector<std::string> type(Policy& policy, const std::string& digits, std::st
 using Steps = std::vector<std::string>;
 
 // Keys other than digits change nothing; time and address entries stop at their length even
-// while the value, leading zeros and all, is still within the maximum.
+// while the value, leading zeros and all, is still within the maximum, and take the maximum.
 TEST(NumericPolicyTest, OnlyDigitsType_AndTimeAndAddressStopAtTheirLength) {
     numeric_policy policy;
     std::string text = "12";
@@ -30,12 +30,18 @@ TEST(NumericPolicyTest, OnlyDigitsType_AndTimeAndAddressStopAtTheirLength) {
                     device::input::KEY_NONE})
         policy.processKey(text, key);
     EXPECT_EQ(text, "12");
+    // A sign or blanks set before the digits are read past.
+    for (const char* before : {"-", "+", "  "})
+        EXPECT_EQ(type(policy, "5", before).back(), before + std::string("5"));
     numeric_policy_time time;
     time.setMax(235959);
     EXPECT_EQ(type(time, "0000000").back(), "000000");
+    EXPECT_EQ(type(time, "235959").back(), "235959"); // the maximum itself is in
     numeric_policy_ipAddress address;
     address.setMax(255255255255LL);
     EXPECT_EQ(type(address, "0000000000000").back(), "000000000000");
+    address.setMax(192168001); // (the address's own maximum reads saturated, below itself)
+    EXPECT_EQ(type(address, "192168001").back(), "192168001");
 }
 
 // The value typed saturates at the 32-bit int limit whatever the width of long: 32 bits on the

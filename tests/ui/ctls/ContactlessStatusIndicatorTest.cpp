@@ -74,7 +74,18 @@ protected:
 using Patterns = std::vector<std::string>;
 
 TEST_F(ContactlessTest, StartsDark_ReadyLightsTheFirstLed_OffDarkensIt) {
+    // Enabling shows the status bar itself: the worker's first redraw may come before the window
+    // knows the indicator.
+    const auto caller = std::this_thread::get_id();
+    std::atomic<int> shownByCaller{0};
+    const int listener = xui_host::addCallListener([&](const xui_host::Call& call) {
+        if (call.function == "ShowWindow" && call.args.size() > 1 && call.args[1] == "1" &&
+            std::this_thread::get_id() == caller)
+            ++shownByCaller;
+    });
     enable();
+    xui_host::removeCallListener(listener);
+    EXPECT_EQ(shownByCaller.load(), 1);
     set(State::Ready);
     EXPECT_TRUE(showsSoon("1000"));
     graphics->updateHeader(); // drawn is not yet shown: a synchronous redraw presents it

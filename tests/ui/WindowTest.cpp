@@ -52,6 +52,29 @@ TEST_F(WindowTest, SetView_ReleasesTheOldViewFirst) {
     EXPECT_TRUE(empty); // released before the new one was stored
 }
 
+// The window goes releasing its indicator, then its view, then its header.
+TEST_F(WindowTest, DestructionReleasesTheIndicatorThenTheViewThenTheHeader) {
+    struct Going : test::View {
+        std::function<void()> onGone;
+        ~Going() override { onGone(); }
+    };
+    std::vector<std::string> gone;
+    auto window = std::make_unique<ui::Window>(320, 216);
+    auto indicator = std::make_shared<ui::ContactlessStatusIndicator>(0, 0, 100, 24);
+    std::weak_ptr<ui::ContactlessStatusIndicator> indicatorLeft = indicator;
+    auto view = std::make_shared<Going>(), header = std::make_shared<Going>();
+    view->onGone = [&] { gone.push_back(indicatorLeft.expired() ? "view after indicator" : "view first"); };
+    header->onGone = [&] { gone.push_back("header"); };
+    window->setContactlessStatusIndicator(indicator);
+    window->setView(view);
+    window->setHeader(header);
+    indicator.reset();
+    view.reset();
+    header.reset();
+    window.reset();
+    EXPECT_EQ(gone, (std::vector<std::string>{"view after indicator", "header"}));
+}
+
 TEST_F(WindowTest, AViewReplacingItselfFromItsKeyHandlerSurvivesTheCall_NoWindowLockHeld) {
     ui::Window window(320, 216);
     auto first = std::make_shared<test::View>();

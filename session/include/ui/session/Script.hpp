@@ -64,6 +64,25 @@ public:
     virtual void shot(const std::string& name) = 0;
 };
 
+// The header's states that a front end may change (a window's hotkeys, a page's buttons).
+struct HeaderFeatures {
+    bool battery = false;
+    bool ethernet = false;
+    bool signal = false;
+    bool flightMode = false;
+    bool offlineCount = false;
+    bool updateAvailable = false;
+};
+// What the header shows now.
+struct HeaderStatus {
+    int battery = 0; // 0-6, as the header's battery takes it
+    bool ethernet = false;
+    unsigned signal = 0; // percent
+    bool flightMode = false;
+    int offlineCount = 0;
+    bool updateAvailable = false;
+};
+
 // What a script's lines reach in the application: the card reader and the status its header
 // shows. Each is called on the thread that plays the script; what the application does with it
 // is its own (the demo hands it to its application thread). A line the application has no use
@@ -88,6 +107,14 @@ public:
     // The state last asked of the contactless indicator: while it is Idle, a session pictures a
     // step once the idle flash is lit. The default (Ready) never waits for the flash.
     virtual ui::State indicated() const { return ui::State::Ready; }
+    // Keys the application's screens have taken so far. The default (-1): not counted, and a
+    // front end waits for the keypad to have read every key instead.
+    virtual int keysTaken() const { return -1; }
+    // True once the application has ended (a power key, say): a window closes.
+    virtual bool finished() const { return false; }
+    // The header's states a front end offers to change, and their values now (defaults: none).
+    virtual HeaderFeatures headerFeatures() const { return {}; }
+    virtual HeaderStatus headerStatus() const { return {}; }
 };
 
 // Plays one command: the application's part here, the front end's part through it.

@@ -1,7 +1,6 @@
-// The terminal simulator: the demo payment application on the library, headless (plays a
-// session script and records it) or in a window (the keyboard as keypad).
-#include "SdlWindow.hpp"
-#include "Session.hpp"
+// The simulator's command line: the same options for every application on it.
+#include "ui/simulator/Simulator.hpp"
+
 #include <ui/session/Script.hpp>
 
 #include <osal/host.hpp>
@@ -14,7 +13,10 @@
 
 namespace po = boost::program_options;
 
-int main(int argc, char** argv) {
+namespace ui::simulator {
+
+int run(int argc, char** argv, const Program& program, const Factory& factory) {
+    const std::string& name = program.name;
     po::options_description options("Options");
     std::string script, out, panel, data, language;
     unsigned zoom = 2;
@@ -23,9 +25,10 @@ int main(int argc, char** argv) {
     options.add_options()("help,h", "show this help")           //
         ("window,w", "run in a window, the keyboard as keypad") //
         ("script", po::value<std::string>(&script),
-         "session script to play (headless default: "
-         "apps/simulator/demo.session)") //
-        ("out", po::value<std::string>(&out)->default_value("out/demo"),
+         program.defaultScript.empty()
+             ? "session script to play"
+             : ("session script to play (headless default: " + program.defaultScript + ")").c_str()) //
+        ("out", po::value<std::string>(&out)->default_value(program.defaultOut),
          "folder for the recording (headless) or the screenshots (window)")                             //
         ("zoom", po::value<unsigned>(&zoom)->default_value(2), "window pixels per panel pixel")         //
         ("panel", po::value<std::string>(&panel)->default_value("320x240"), "panel size, WIDTHxHEIGHT") //
@@ -39,8 +42,7 @@ int main(int argc, char** argv) {
          "pseudo-localize every string, FACTOR times as long (1.4: 40 % longer), accented and "
          "bracketed; 0: off") //
         ("data", po::value<std::string>(&data),
-         "folder holding res/ and apps/simulator/ (default: the current one; the installed "
-         "ui-simulator passes its own)");
+         "folder to work from, holding res/ and the default script (default: the current one)");
     po::variables_map args;
     unsigned width = 0, height = 0;
     try {
@@ -51,14 +53,14 @@ int main(int argc, char** argv) {
         if (!(size >> width >> x >> height) || x != 'x' || width == 0 || height == 0)
             throw po::error("--panel takes WIDTHxHEIGHT, for example 320x240");
     } catch (const po::error& e) {
-        std::cerr << "ui_demo: " << e.what() << "\n" << options;
+        std::cerr << name << ": " << e.what() << "\n";
         return 2;
     }
     if (args.count("help")) {
-        std::cout << "Payment terminal simulator: the demo payment application on the UI library.\n"
+        std::cout << program.description << "\n"
                   << "Without --window it plays a session script and writes, under --out, a picture per\n"
                   << "step, session.gif, timeline.txt (LEDs and tones), tones.wav and storyboard.html.\n\n"
-                  << demo::windowKeys() << "\n"
+                  << windowKeys() << "\n"
                   << options << "\n"
                   << ui::session::scriptHelp();
         return 0;
@@ -73,46 +75,58 @@ int main(int argc, char** argv) {
             script = std::filesystem::absolute(script, error).string();
         std::filesystem::current_path(data, error);
         if (error) {
-            std::cerr << "ui_demo: cannot work from " << data << ": " << error.message() << "\n";
+            std::cerr << name << ": cannot work from " << data << ": " << error.message() << "\n";
             return 2;
         }
     }
 
     std::vector<ui::session::Command> commands;
     try {
-        if (!script.empty() || !args.count("window"))
-            commands = ui::session::loadScript(script.empty() ? "apps/simulator/demo.session" : script);
+        if (script.empty() && !args.count("window"))
+            script = program.defaultScript;
+        if (script.empty() && !args.count("window"))
+            throw ui::session::ScriptError("a headless run needs a script: --script FILE, or --window");
+        if (!script.empty())
+            commands = ui::session::loadScript(script);
     } catch (const ui::session::ScriptError& e) {
-        std::cerr << "ui_demo: " << e.what() << "\n";
+        std::cerr << name << ": " << e.what() << "\n";
         return 2;
     }
 
     if (!osal::host::loadStrings("res/strings/" + language + ".txt")) {
-        std::cerr << "ui_demo: no strings for the language \"" << language << "\" (res/strings/" << language
+        std::cerr << name << ": no strings for the language \"" << language << "\" (res/strings/" << language
                   << ".txt)\n";
         return 2;
     }
     xui_host::setPanelSize(width, height);
-    demo::AppOptions app;
-    app.display = GraphicsDeviceParams{rotate, statusbar};
+    const GraphicsDeviceParams display{rotate, statusbar};
     if (args.count("window")) {
         osal::host::setPseudoLocalization(pseudo);
-        demo::WindowOptions window;
-        window.app = app;
+        WindowOptions window;
+        window.display = display;
         window.zoom = zoom;
         window.script = commands;
         window.quitAfterScript = args.count("quit-after-script") > 0;
         window.screenshots = out;
-        return demo::runWindow(window);
+        return runWindow(window, program, factory);
     }
     try {
-        const auto result = demo::runSession(commands, {app, out, pseudo, ""});
+        HeadlessOptions headless;
+        headless.out = out;
+        headless.pseudoLocalization = pseudo;
+        headless.display = display;
+        const auto result = playHeadless(commands, headless, program, factory);
         std::cout << "Played " << result.steps.size() << " steps; wrote " << result.files.size()
                   << " files to " << out << ":\n  " << out
                   << "/storyboard.html (open this), session.gif, timeline.txt, tones.wav\n";
         return 0;
+    } catch (const ui::session::ScriptError& e) {
+        std::cerr << name << ": " << e.what() << "\n";
+        return 2;
     } catch (const std::exception& e) {
-        std::cerr << "ui_demo: " << e.what() << "\n";
+        std::cerr << name << ": " << e.what() << "\n";
         return 1;
     }
 }
+
+} // namespace ui::simulator

@@ -1,4 +1,7 @@
-#include "SdlWindow.hpp"
+// The terminal in a window: the panel at a zoom, the PC keyboard as keypad, hotkeys for the
+// card reader and the header's states the application has, the tones on the sound card.
+#include "ui/simulator/Simulator.hpp"
+
 #include <ui/session/Script.hpp>
 #include <ui/session/Tones.hpp>
 
@@ -12,7 +15,7 @@
 #include <iostream>
 #include <map>
 
-namespace demo {
+namespace ui::simulator {
 namespace {
 
 using ui::session::addTone;
@@ -35,26 +38,37 @@ int keypadCode(SDL_Keycode key) {
 
 class Terminal : public FrontEnd {
 public:
-    explicit Terminal(const WindowOptions& options) : options_(options), app_(options.app) {}
+    Terminal(const WindowOptions& options, const Program& program, const Factory& factory)
+        : options_(options), program_(program) {
+        Context context;
+        context.display = options.display;
+        app_ = factory(context);
+        if (app_)
+            features_ = app_->headerFeatures();
+    }
 
     int run() {
+        if (!app_) {
+            std::cerr << program_.name << ": the factory built no application\n";
+            return 1;
+        }
         const auto first = xui_host::screen();
         width_ = int(first.width);
         height_ = int(first.height);
         const int zoom = int(std::max(1u, options_.zoom));
-        window_ = SDL_CreateWindow("Payment terminal simulator", SDL_WINDOWPOS_CENTERED,
+        window_ = SDL_CreateWindow(program_.windowTitle.c_str(), SDL_WINDOWPOS_CENTERED,
                                    SDL_WINDOWPOS_CENTERED, width_ * zoom, height_ * zoom, 0);
         renderer_ = window_ ? SDL_CreateRenderer(window_, -1, SDL_RENDERER_SOFTWARE) : nullptr;
         texture_ = renderer_ ? SDL_CreateTexture(renderer_, SDL_PIXELFORMAT_ARGB8888,
                                                  SDL_TEXTUREACCESS_STREAMING, width_, height_)
                              : nullptr;
         if (!texture_) {
-            std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
+            std::cerr << program_.name << ": no window: " << SDL_GetError() << "\n";
             return 1;
         }
         SDL_StartTextInput();
         uint64_t minute = SDL_GetTicks64() / 60000;
-        while (running_ && !app_.finished()) {
+        while (running_ && !app_->finished()) {
             playScript();
             SDL_Event event;
             while (SDL_PollEvent(&event))
@@ -62,7 +76,7 @@ public:
             // The header's clock shows minutes: redraw it when one turns.
             if (SDL_GetTicks64() / 60000 != minute) {
                 minute = SDL_GetTicks64() / 60000;
-                app_.refreshHeader();
+                app_->refreshHeader();
             }
             present();
             SDL_Delay(16);
@@ -104,10 +118,11 @@ private:
         }
         if (SDL_GetTicks64() < waitUntil_ || shotPending_)
             return;
-        app_.waitUntilIdle();
-        if (app_.keysReceived() < keysSent_)
+        app_->waitUntilIdle();
+        const int taken = app_->keysTaken();
+        if (taken >= 0 ? taken < keysSent_ : !xui_host::waitForKeysHandled(std::chrono::milliseconds(0)))
             return; // the keypad has not taken them all yet
-        ui::session::apply(options_.script[next_++], app_, *this);
+        ui::session::apply(options_.script[next_++], *app_, *this);
     }
 
     void handle(const SDL_Event& event) {
@@ -128,36 +143,44 @@ private:
         case SDLK_q:
             running_ = false;
             return;
-        case SDLK_t:
-            app_.tapCard(true);
-            return;
-        case SDLK_d:
-            app_.tapCard(false);
-            return;
-        case SDLK_b:
-            app_.setBattery((app_.battery() + 1) % 7);
-            return;
-        case SDLK_e:
-            app_.setEthernet(!app_.ethernet());
-            return;
-        case SDLK_s:
-            app_.setSignal((app_.signal() + 25) % 125);
-            return;
-        case SDLK_f:
-            app_.setFlightMode(!app_.flightMode());
-            return;
-        case SDLK_o:
-            app_.setOfflineCount((app_.offlineCount() + 1) % 120);
-            return;
-        case SDLK_u:
-            app_.setUpdateAvailable(!app_.updateAvailable());
-            return;
         case SDLK_F12:
             shotPending_ = true;
             return;
         default:
+            if (hotkey(key))
+                return;
             if (const int code = keypadCode(key))
                 xui_host::pushKey(code);
+        }
+    }
+
+    // The card reader's and the header's keys, each only if the application takes it; a key it
+    // does not take goes to the keypad as usual (M is the menu key either way).
+    bool hotkey(SDL_Keycode key) {
+        try {
+            const ui::session::HeaderStatus now = app_->headerStatus();
+            switch (key) {
+            case SDLK_t:
+            case SDLK_d:
+                app_->tapCard(key == SDLK_t);
+                return true;
+            case SDLK_b:
+                return features_.battery && (app_->setBattery((now.battery + 1) % 7), true);
+            case SDLK_e:
+                return features_.ethernet && (app_->setEthernet(!now.ethernet), true);
+            case SDLK_s:
+                return features_.signal && (app_->setSignal((now.signal + 25) % 125), true);
+            case SDLK_f:
+                return features_.flightMode && (app_->setFlightMode(!now.flightMode), true);
+            case SDLK_o:
+                return features_.offlineCount && (app_->setOfflineCount((now.offlineCount + 1) % 120), true);
+            case SDLK_u:
+                return features_.updateAvailable && (app_->setUpdateAvailable(!now.updateAvailable), true);
+            default:
+                return false;
+            }
+        } catch (const ui::session::ScriptError&) {
+            return true; // the application has no card reader of its own here
         }
     }
 
@@ -182,7 +205,7 @@ private:
         shot.argb.resize(size_t(w) * size_t(h));
         if (SDL_RenderReadPixels(renderer_, nullptr, SDL_PIXELFORMAT_ARGB8888, shot.argb.data(), w * 4) !=
             0) {
-            std::cerr << "ui_demo: no screenshot: " << SDL_GetError() << "\n";
+            std::cerr << program_.name << ": no screenshot: " << SDL_GetError() << "\n";
             return;
         }
         std::filesystem::create_directories(options_.screenshots);
@@ -193,7 +216,9 @@ private:
     }
 
     const WindowOptions& options_;
-    PaymentApp app_;
+    const Program& program_;
+    std::unique_ptr<ui::session::Application> app_;
+    ui::session::HeaderFeatures features_;
     SDL_Window* window_ = nullptr;
     SDL_Renderer* renderer_ = nullptr;
     SDL_Texture* texture_ = nullptr;
@@ -211,14 +236,14 @@ private:
 
 const char* windowKeys() {
     return "Keys in the window: digits, * and # as typed, Enter, Esc (cancel), Backspace (clear), arrows,\n"
-           "F1-F4, M (menu), P (power). T taps an approved card, D a declined one. B battery,\n"
-           "E Ethernet, S signal, F flight mode, O offline count, U update. F12 saves a screenshot;\n"
-           "Q or closing quits.\n";
+           "F1-F4, M (menu), P (power). T taps an approved card, D a declined one. For the header's\n"
+           "states the application has: B battery, E Ethernet, S signal, F flight mode, O offline\n"
+           "count, U update. F12 saves a screenshot; Q or closing quits.\n";
 }
 
-int runWindow(const WindowOptions& options) {
+int runWindow(const WindowOptions& options, const Program& program, const Factory& factory) {
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        std::cerr << "ui_demo: no window: " << SDL_GetError() << "\n";
+        std::cerr << program.name << ": no window: " << SDL_GetError() << "\n";
         return 1;
     }
     // Sound is a bonus: without a sound card the terminal still runs.
@@ -242,7 +267,7 @@ int runWindow(const WindowOptions& options) {
     }
     int result = 0;
     {
-        Terminal terminal(options);
+        Terminal terminal(options, program, factory);
         result = terminal.run();
     }
     if (tones)
@@ -253,4 +278,4 @@ int runWindow(const WindowOptions& options) {
     return result;
 }
 
-} // namespace demo
+} // namespace ui::simulator

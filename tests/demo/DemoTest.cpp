@@ -1,7 +1,7 @@
 #include "Golden.hpp"
 #include "Support.hpp"
 
-#include "Session.hpp"
+#include "Demo.hpp"
 #include <ui/session/Script.hpp>
 
 #include <algorithm>
@@ -39,7 +39,7 @@ TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
 // (tests/golden/demo, demo_de, demo_pseudo), and no text that does not fit.
 struct Reviewed {
     std::string folder; // under tests/golden
-    demo::SessionOptions options;
+    ui::simulator::HeadlessOptions options;
 };
 void PrintTo(const Reviewed& reviewed, std::ostream* out) {
     *out << reviewed.folder;
@@ -52,8 +52,8 @@ protected:
 
 TEST_P(DemoSessionTest, EveryStepFitsAndMatchesTheReviewedScreensAndTimeline) {
     osal::host::loadStrings("res/strings/en.txt");
-    const auto result =
-        demo::runSession(ui::session::loadScript("apps/simulator/demo.session"), GetParam().options);
+    const auto result = ui::simulator::playHeadless(ui::session::loadScript("demo/demo.session"),
+                                                    GetParam().options, demo::program(), demo::build);
     ASSERT_GT(result.steps.size(), 50u);
     for (const auto& step : result.steps)
         EXPECT_THAT(step.overflows, testing::IsEmpty())
@@ -62,8 +62,8 @@ TEST_P(DemoSessionTest, EveryStepFitsAndMatchesTheReviewedScreensAndTimeline) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, DemoSessionTest,
-                         testing::Values(Reviewed{"demo", {}}, Reviewed{"demo_de", {{}, "", 0, "de"}},
-                                         Reviewed{"demo_pseudo", {{}, "", 1.4, ""}}),
+                         testing::Values(Reviewed{"demo", {}}, Reviewed{"demo_de", {"", 0, "de"}},
+                                         Reviewed{"demo_pseudo", {"", 1.4, ""}}),
                          [](const testing::TestParamInfo<Reviewed>& reviewed) {
                              return reviewed.param.folder;
                          });
@@ -73,7 +73,8 @@ TEST(DemoTest, ATapOnTheIdleScreenStartsASale) {
     ui::kit::Platform platform;
     osal::host::loadStrings("res/strings/en.txt");
     std::istringstream script("tap\n");
-    const auto result = demo::runSession(ui::session::parseScript(script, "test.session"), {});
+    const auto result = ui::simulator::playHeadless(ui::session::parseScript(script, "test.session"), {},
+                                                    demo::program(), demo::build);
     // The sale's entry screen, below a header of other values than the session's at that step.
     const auto below = [](const xui_host::Pixels& p) {
         return std::vector(p.argb.begin() + 32 * 320, p.argb.end());
@@ -89,7 +90,7 @@ TEST(SimulatorWindowTest, TypesKeysAsKeyboardEvents_AndSavesWhatTheWindowShows) 
     const std::string command =
         "SDL_AUDIODRIVER=dummy ASAN_OPTIONS=detect_leaks=0 xvfb-run -a -s '-screen 0 800x600x24' " +
         std::string(UI_DEMO) +
-        " --window --zoom 1 --quit-after-script --script tests/apps/window.session --out " + out + " 2>&1";
+        " --window --zoom 1 --quit-after-script --script tests/demo/window.session --out " + out + " 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
     const std::string output = readAll(pipe);

@@ -53,19 +53,18 @@ public:
     // The last state asked of the contactless indicator.
     ui::State indicated() const override { return indicated_; }
     // Keys the screens have taken from the keypad so far.
-    int keysReceived() const { return keysReceived_; }
+    int keysTaken() const override { return keysReceived_; }
     // Returns once the application has done all it was asked (keys received included).
     void waitUntilIdle() override { thread_.waitUntilIdle(); }
-    bool finished() const { return finished_; }
+    bool finished() const override { return finished_; }
     ui::IGraphics& graphics() override { return *graphics_; }
-    // Where the status header keeps its values, for front ends that show them.
-    const app::StatusHeader& header() const { return *header_; }
-    int battery() const { return battery_; }
-    bool ethernet() const { return ethernet_; }
-    unsigned signal() const { return signal_; }
-    bool flightMode() const { return flight_; }
-    int offlineCount() const { return offline_; }
-    bool updateAvailable() const { return update_; }
+    // Every state of the header can be changed, from the window and from a script.
+    ui::session::HeaderFeatures headerFeatures() const override {
+        return {true, true, true, true, true, true};
+    }
+    ui::session::HeaderStatus headerStatus() const override {
+        return {battery_, ethernet_, signal_, flight_, offline_, update_};
+    }
 
 private:
     friend class DemoScreen;

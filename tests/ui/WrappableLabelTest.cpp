@@ -67,13 +67,25 @@ TEST_F(WrappableLabelTest, SecondWrapAppends_AndResizeDropsTheText) {
     EXPECT_EQ(lines(label), (Lines{"0:First", "0:Second"})); // both from the box's top
     label.setVerticalAlignment(Origin::Bottom);
     EXPECT_EQ(lines(label), (Lines{"0:First", "0:Second"})); // not moved until the next wrap
-    label.setWidth(200);
+    label.setWidth(width("Remove"));
     EXPECT_TRUE(lines(label).empty());
-    label.wrapText("Again");
-    EXPECT_EQ(lines(label), (Lines{"80:Again"}));
+    label.wrapText("Remove card"); // at the new width
+    EXPECT_EQ(lines(label), (Lines{"60:Remove", "80:card"}));
     label.setHeight(60); // drops the text too
     label.wrapText("Again");
     EXPECT_EQ(lines(label), (Lines{"40:Again"}));
+}
+
+// What a terminal pays for a long text: each line is measured near where it ends, from where
+// the line before ended.
+TEST_F(WrappableLabelTest, ALongTextCostsTheMeasurementsOfItsLines) {
+    std::string text = std::string(100, 'a'); // a word over many lines, then many words
+    for (int i = 0; i < 100; ++i)
+        text += " word" + std::to_string(i);
+    ui::WrappableLabel label(0, 0, 300, 2000, Origin::Left, Origin::Top);
+    const auto before = xui_host::textMeasurements().calls;
+    label.wrapText(text);
+    EXPECT_EQ(xui_host::textMeasurements().calls - before, 248u);
 }
 
 TEST_F(WrappableLabelTest, LocalizedText_AndUnknownIdsThrow) {

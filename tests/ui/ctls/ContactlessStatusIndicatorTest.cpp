@@ -220,11 +220,19 @@ TEST_F(ContactlessTest, ProcessingAndErrors_ShowTheirPatternWithTheirTones) {
     }
 }
 
-TEST_F(ContactlessTest, AChangeMadeWhileTheWorkerIsBusyPlaysOnce) {
+// A change made while the worker is busy plays once; a state it does not know changes nothing,
+// and the worker waits for the next.
+TEST_F(ContactlessTest, AChangeMadeWhileTheWorkerIsBusyPlaysOnce_AnUnknownStateChangesNothing) {
     enable();
     set(State::Error); // while the worker is still starting: its first round already plays it
     ASSERT_TRUE(osal::host::waitUntilSettled(5s));
     EXPECT_EQ(osal::host::beeps().size(), 2u);
+    ready();
+    set(State(9));
+    EXPECT_TRUE(osal::host::waitUntilSettled(5s)) << osal::host::unsettled();
+    EXPECT_TRUE(changes().empty());
+    set(State::Off);
+    EXPECT_TRUE(showsSoon("0000"));
 }
 
 TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeInitializeIsIgnored) {

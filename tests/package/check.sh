@@ -34,10 +34,18 @@ requires libui-testing-dev "libui (= $version)"
 requires libui-testing-dev libgtest-dev
 requires libui-testing-dev "libui-app-dev (= $version)"
 requires libui-app-dev "libui (= $version)"
-if grep "^libui-app-dev: " "$work/depends.txt" | grep -q "gtest\|libui-testing"; then
-    echo "the application layer depends on the testing kit"
-    exit 1
-fi
+requires libui-testing-dev "libui-session-dev (= $version)"
+requires libui-session-dev "libui (= $version)"
+requires libui-session-dev libsndfile1-dev
+requires libui-simulator-dev "libui-session-dev (= $version)"
+requires libui-simulator-dev libsdl2-dev
+# Neither the application layer nor the simulator, nor what they stand on, pulls in GoogleTest.
+for package in libui-app-dev libui-session-dev libui-simulator-dev ui-simulator; do
+    if grep "^$package: " "$work/depends.txt" | grep -q "gtest\|gmock\|libui-testing"; then
+        echo "$package depends on the testing kit or GoogleTest"
+        exit 1
+    fi
+done
 if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui "; then
     echo "the stand-ins depend on the library"
     exit 1

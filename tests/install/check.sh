@@ -18,7 +18,7 @@ done
 if find "$prefix" -name xui_host.hpp -o -name host.hpp | grep .; then
     echo "host controls installed"; exit 1
 fi
-for component in app testing; do
+for component in app session testing; do
     cmake --install "$build" --prefix "$work/prefix" --component $component >> "$work.install.log" 2>&1 ||
         { cat "$work.install.log"; exit 1; }
 done

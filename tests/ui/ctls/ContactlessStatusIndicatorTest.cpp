@@ -256,7 +256,18 @@ TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeIni
     EXPECT_TRUE(test::eventually([] { return osal::host::beeps().size() == 2; }));
 }
 
+// The terminal's timing and tones by default; a configuration of other than four LEDs is refused.
 TEST_F(ContactlessTest, AnInvalidConfigurationThrows_StartsNothing_AndStaysRegistered) {
+    const CtlsStatusIndicatorConfiguration d;
+    EXPECT_EQ(
+        (std::vector<int>{d.ledScheme, d.idlePeriodMs, d.idleFlashMs, d.successToneDurationMs,
+                          d.successToneFrequencyHz, d.successStepMs, d.successStepScheme2Ms, d.successHoldMs,
+                          d.alertToneDurationMs, d.alertToneFrequencyHz, d.alertTonePauseMs, d.alertToneCount,
+                          d.processingLedEnabled, d.alertToneEnabled}),
+        (std::vector<int>{1, 5000, 200, 500, 1500, 200, 125, 650, 200, 750, 200, 2, false, true}));
+    EXPECT_EQ(d.ledOnImages, std::vector<std::string>(4, "res/images/ctls/leds/green.png"));
+    EXPECT_EQ(d.ledOffImages, std::vector<std::string>(4, "res/images/ctls/leds/black.png"));
+
     const int threads = test::settledThreadCount();
     CtlsStatusIndicatorConfiguration three;
     three.ledOnImages.pop_back();

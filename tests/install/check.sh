@@ -5,7 +5,7 @@ set -euo pipefail
 build=$1 source=$2 work=$3
 rm -rf "$work" "$work.install.log"
 # What a terminal image takes (the library, the platform) holds no host control; the testing kit does.
-for component in library platform; do
+for component in library library_dev platform platform_dev; do
     cmake --install "$build" --prefix "$work/prefix" --component $component >> "$work.install.log" 2>&1 ||
         { cat "$work.install.log"; exit 1; }
 done

@@ -9,7 +9,9 @@ shift 3
 rm -rf "$work"
 log=$work.log
 fail() { echo "$1"; tail -30 "$log"; exit 1; }
-cmake --install "$build" --component platform --prefix "$work/sdk" > "$log" 2>&1 || fail "no SDK"
+for component in platform platform_dev; do
+    cmake --install "$build" --component $component --prefix "$work/sdk" >> "$log" 2>&1 || fail "no SDK"
+done
 # One translation unit per batch of sources: the check is that the library finds everything in
 # the vendor's headers, which the host trees already compile file by file.
 cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_ROOT="$work/sdk" \
@@ -20,12 +22,17 @@ cmake --build "$work/build" >> "$log" 2>&1 || fail "build failed"
 # Only the library and the application layer: none of our stand-ins, tests or simulator.
 built=$(cd "$work/build" && find . -name '*.so*' -o -name '*.a' -o -name 'ui_tests' -o -name 'ui_demo' | sort | tr '\n' ' ')
 [ "$built" = "./app/libui_app.a ./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "built: $built"
-# The terminal's image takes the library; an application's build takes the application layer
-# from its own component.
+# The terminal's image takes the library alone; an application's build takes its development
+# files and the application layer from components of their own.
 cmake --install "$work/build" --component library --prefix "$work/image" >> "$log" 2>&1 || fail "install failed"
-installed=$(cd "$work/image" && find . -name '*.so*' -o -name '*.a' -o -name 'xui.h' -o -path '*osal*' -o -path '*/app/*' | sort | tr '\n' ' ')
-[ "$installed" = "./lib/libui.so ./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "installed: $installed"
-cmake --install "$work/build" --component app --prefix "$work/image" >> "$log" 2>&1 || fail "app install failed"
+installed=$(cd "$work/image" && find . -type f -o -type l | sort | tr '\n' ' ')
+[ "$installed" = "./lib/libui.so.1 ./lib/libui.so.1.2.1.0 " ] || fail "installed: $installed"
+for component in library_dev app; do
+    cmake --install "$work/build" --component $component --prefix "$work/image" >> "$log" 2>&1 ||
+        fail "$component install failed"
+done
+[ -f "$work/image/include/ui/ui.hpp" ] && [ -L "$work/image/lib/libui.so" ] || fail "no development files"
+[ -z "$(cd "$work/image" && find . -name 'xui.h' -o -path '*osal*')" ] || fail "a stand-in was installed"
 installed=$(cd "$work/image" && find . -name '*.a' -o -path '*/app/*' -o -name 'uiApp*' -o -name 'ui-app.pc' | sort | tr '\n' ' ')
 [ "$installed" = "./include/ui/app/Screen.hpp ./lib/cmake/ui/uiAppTargets-noconfig.cmake ./lib/cmake/ui/uiAppTargets.cmake ./lib/libui_app.a ./lib/pkgconfig/ui-app.pc " ] ||
     fail "installed with the application layer: $installed"

@@ -27,15 +27,18 @@ requires() { # PACKAGE TEXT: the package's Depends field holds the text
     field=$(grep "^$1: " "$work/depends.txt")
     [[ $field == *"$2"* ]] || { echo "$1 should depend on $2: $field"; exit 1; }
 }
-requires libui "libui-host-platform (= $version)"
+requires libui1 "libui-host-platform (= $version)"
+requires libui-dev "libui1 (= $version)"
+requires libui-dev libboost-dev
 requires libui-host-platform libfreetype6
-requires ui-simulator "libui (= $version)"
-requires libui-testing-dev "libui (= $version)"
+requires libui-host-platform-dev "libui-host-platform (= $version)"
+requires ui-simulator "libui1 (= $version)"
+requires libui-testing-dev "libui-dev (= $version)"
 requires libui-testing-dev libgtest-dev
 requires libui-testing-dev "libui-app-dev (= $version)"
-requires libui-app-dev "libui (= $version)"
+requires libui-app-dev "libui-dev (= $version)"
 requires libui-testing-dev "libui-session-dev (= $version)"
-requires libui-session-dev "libui (= $version)"
+requires libui-session-dev "libui-dev (= $version)"
 requires libui-session-dev libsndfile1-dev
 requires libui-simulator-dev "libui-session-dev (= $version)"
 requires libui-simulator-dev libsdl2-dev
@@ -46,7 +49,11 @@ for package in libui-app-dev libui-session-dev libui-simulator-dev ui-simulator;
         exit 1
     fi
 done
-if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui "; then
+if grep "^libui1: " "$work/depends.txt" | grep -q -- "-dev"; then
+    echo "the runtime depends on development packages"
+    exit 1
+fi
+if grep "^libui-host-platform: " "$work/depends.txt" | grep -q "libui1 \|libui-dev"; then
     echo "the stand-ins depend on the library"
     exit 1
 fi

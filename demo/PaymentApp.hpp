@@ -5,7 +5,7 @@
 // date, time, merchant name by multi-tap, PIN) and the library's version.
 #pragma once
 
-#include "AppThread.hpp"
+#include <ui/app/AppThread.hpp>
 #include <ui/app/Screen.hpp>
 #include <ui/session/Script.hpp>
 
@@ -107,7 +107,7 @@ private:
     std::atomic<int> offline_{2};
     std::atomic<bool> update_{true};
     // Last: the thread stops before anything it works on goes.
-    AppThread thread_;
+    app::AppThread thread_;
 };
 
 } // namespace demo

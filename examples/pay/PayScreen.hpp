@@ -19,6 +19,8 @@ public:
     void cardTapped(bool approved);
     // The amount Enter took, in minor units; 0 before.
     long amount() const { return amount_; }
+    // The status line's text: empty, then "Present card", then the outcome.
+    std::string status() const { return status_->getText(); }
 
 private:
     void showStatus(int text);

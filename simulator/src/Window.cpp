@@ -3,6 +3,7 @@
 #include "ui/simulator/Simulator.hpp"
 
 #include <ui/session/Script.hpp>
+#include <ui/session/Session.hpp>
 #include <ui/session/Tones.hpp>
 
 #include <osal/host.hpp>
@@ -144,6 +145,7 @@ private:
             running_ = false;
             return;
         case SDLK_F12:
+            settle();
             shotPending_ = true;
             return;
         default:
@@ -182,6 +184,16 @@ private:
         } catch (const ui::session::ScriptError&) {
             return true; // the application has no card reader of its own here
         }
+    }
+
+    // What was typed before a screenshot is on it: every key read and handled, the
+    // application and the library's threads done, and a frame begun after that presented.
+    void settle() {
+        using std::chrono::seconds;
+        xui_host::waitForKeysHandled(seconds(5));
+        app_->waitUntilIdle();
+        osal::host::waitUntilSettled(seconds(5));
+        ui::session::presentNewFrame(app_->graphics(), seconds(5));
     }
 
     void present() {

@@ -34,6 +34,30 @@ done
 [ -f "$work/image/include/ui/ui.hpp" ] && [ -L "$work/image/lib/libui.so" ] || fail "no development files"
 [ -z "$(cd "$work/image" && find . -name 'xui.h' -o -path '*osal*')" ] || fail "a stand-in was installed"
 installed=$(cd "$work/image" && find . -name '*.a' -o -path '*/app/*' -o -name 'uiApp*' -o -name 'ui-app.pc' | sort | tr '\n' ' ')
-[ "$installed" = "./include/ui/app/Screen.hpp ./lib/cmake/ui/uiAppTargets-noconfig.cmake ./lib/cmake/ui/uiAppTargets.cmake ./lib/libui_app.a ./lib/pkgconfig/ui-app.pc " ] ||
+[ "$installed" = "./include/ui/app/AppThread.hpp ./include/ui/app/Screen.hpp ./lib/cmake/ui/uiAppTargets-noconfig.cmake ./lib/cmake/ui/uiAppTargets.cmake ./lib/libui_app.a ./lib/pkgconfig/ui-app.pc " ] ||
     fail "installed with the application layer: $installed"
-echo "built for the vendor's platform: $built"
+
+# An application for the terminal: the example, from the same sources as on a PC, against the
+# library and the application layer as installed for the terminal and the SDK; no simulator,
+# no tests. Then run on the device (a cross build's emulator, UI_EMULATOR): it shows its screen,
+# takes the keys of an amount and plays a card its stubbed reader taps.
+cmake -S "$source/examples/pay" -B "$work/example" -G Ninja -Dui_DIR="$work/image/lib/cmake/ui" \
+    -DUI_VENDOR_ROOT="$work/sdk" "$@" >> "$log" 2>&1 || fail "the example does not configure"
+cmake --build "$work/example" >> "$log" 2>&1 || fail "the example does not build"
+example=$(cd "$work/example" && find . -type f \( -name 'pay-*' -o -name 'pay_tests' \) | sort | tr '\n' ' ')
+[ "$example" = "./pay-terminal " ] || fail "the example built: $example"
+mkdir -p "$work/device/res"
+for entry in "$work/sdk/share/ui/res/"*; do
+    [ "$(basename "$entry")" = strings ] || ln -s "$entry" "$work/device/res/"
+done
+ln -s "$source/examples/pay/res/strings" "$work/device/res/strings"
+# The device's libraries are where its loader looks; here, the image's and the SDK's.
+libs=$work/image/lib:$work/sdk/lib
+emulator=${UI_EMULATOR:-}
+if [[ $emulator =~ LD_LIBRARY_PATH=([^ ]*) ]]; then
+    emulator="$emulator -E LD_LIBRARY_PATH=$libs:${BASH_REMATCH[1]}"
+fi
+# shellcheck disable=SC2086 # the emulator is a command line
+(cd "$work/device" && LD_LIBRARY_PATH=$libs $emulator "$work/example/pay-terminal" --smoke) >> "$log" 2>&1 ||
+    fail "the example does not run on the device"
+echo "built for the vendor's platform: $built; the example runs there: $(tail -1 "$log")"

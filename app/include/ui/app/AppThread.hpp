@@ -1,17 +1,19 @@
-// The payment application's own thread. Key handlers run on the library's keypad thread,
+// An application's own thread. Key handlers run on the library's keypad thread,
 // where they must not block (a Success state change blocks its caller for the whole LED
 // sequence) nor take the locator's indicator lock (it comes before the keyboard's lock in the
 // library's lock order). They post the work here instead, and it runs in order.
 #pragma once
 
+#include <osal/log.hpp>
+
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <functional>
-#include <iostream>
 #include <mutex>
 #include <thread>
 
-namespace demo {
+namespace app {
 
 class AppThread {
 public:
@@ -57,7 +59,9 @@ private:
             try {
                 task();
             } catch (const std::exception& e) {
-                std::cerr << "demo: " << e.what() << "\n"; // the application goes on
+                LogException("app/AppThread", __LINE__, e); // the application goes on
+            } catch (...) {
+                LogException("app/AppThread", __LINE__);
             }
             lock.lock();
             busy_ = false;
@@ -73,4 +77,4 @@ private:
     std::thread thread_;
 };
 
-} // namespace demo
+} // namespace app

@@ -60,4 +60,10 @@ fi
 # shellcheck disable=SC2086 # the emulator is a command line
 (cd "$work/device" && LD_LIBRARY_PATH=$libs $emulator "$work/example/pay-terminal" --smoke) >> "$log" 2>&1 ||
     fail "the example does not run on the device"
-echo "built for the vendor's platform: $built; the example runs there: $(tail -1 "$log")"
+# The README's road, its last step: the same project built for the terminal.
+"$source/tests/install/road.sh" "$source/README.md" "$work/road"
+cmake -S "$work/road" -B "$work/road/build" -G Ninja -Dui_DIR="$work/image/lib/cmake/ui" \
+    -DUI_VENDOR_ROOT="$work/sdk" "$@" >> "$log" 2>&1 && cmake --build "$work/road/build" >> "$log" 2>&1 ||
+    fail "the README's road does not build for the terminal"
+[ -x "$work/road/build/hello-terminal" ] && [ ! -e "$work/road/build/hello-sim" ] || fail "the road built other programs"
+echo "built for the vendor's platform: $built; the example runs there: $(grep '^amount' "$log"); the README's road builds"

@@ -89,6 +89,16 @@ printf 'clock 2026-11-22 09:30\nkey ENTER\nshot menu\n' > "$work/short.session"
     { cat "$work/simulator.log"; exit 1; }
 [ -s "$work/out/03_menu.png" ] || { echo "the simulator drew nothing"; cat "$work/simulator.log"; exit 1; }
 
+# The README's road for a new application, as written, from an empty folder: it builds against
+# the root, its test passes, its screen records a session headless and opens in the window.
+"$here/../install/road.sh" "$here/../../README.md" "$work/road"
+(cd "$work/road" && cmake -S . -B build -G Ninja -DCMAKE_PREFIX_PATH="$root/usr" && cmake --build build &&
+    ctest --test-dir build --output-on-failure && ln -s "$root/usr/share/ui/res" res &&
+    build/hello-sim --script hello.session --out out &&
+    SDL_AUDIODRIVER=dummy xvfb-run -a build/hello-sim --window --quit-after-script --script hello.session) \
+    > "$work/road.log" 2>&1 || { cat "$work/road.log"; exit 1; }
+[ -s "$work/road/out/01_key_ENTER.png" ] || { echo "the road's screen recorded nothing"; cat "$work/road.log"; exit 1; }
+
 echo "$(ls "$packages"/*.deb | wc -l) packages, $(wc -l < "$work/files.txt") files, as listed in $expected;"
 echo "installed into $root: a consumer builds against them, the example's suite passes (built with CMake and with"
-echo "pkg-config), the simulator plays a session"
+echo "pkg-config), the simulator plays a session, and the README's road builds, tests and runs"

@@ -83,24 +83,4 @@ TEST(DemoTest, ATapOnTheIdleScreenStartsASale) {
               below(xui_host::loadPng(UI_GOLDEN_DIR "/demo/10_key_ENTER.png")));
 }
 
-#ifdef UI_DEMO_WINDOW
-TEST(SimulatorWindowTest, TypesKeysAsKeyboardEvents_AndSavesWhatTheWindowShows) {
-    const std::string out = test::tempPath("window");
-    // Under AddressSanitizer the window's system libraries (D-Bus, Mesa) leak at exit: not ours.
-    const std::string command =
-        "SDL_AUDIODRIVER=dummy ASAN_OPTIONS=detect_leaks=0 xvfb-run -a -s '-screen 0 800x600x24' " +
-        std::string(UI_DEMO) +
-        " --window --zoom 1 --quit-after-script --script tests/demo/window.session --out " + out + " 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    ASSERT_NE(pipe, nullptr);
-    const std::string output = readAll(pipe);
-    const int status = pclose(pipe);
-    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << output;
-    const auto shot = xui_host::loadPng(out + "/window_menu.png");
-    ASSERT_FALSE(shot.empty()) << output;
-    // The main menu with Refund chosen, as the panel showed it, pixel for pixel.
-    EXPECT_TRUE(test::matchesGolden(shot, "window_menu"));
-}
-#endif
-
 } // namespace

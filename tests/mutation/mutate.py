@@ -30,7 +30,7 @@ ROOT = Path(__file__).resolve().parents[2]
 EQUIVALENT = Path(__file__).with_name("equivalent.txt")
 # The stress test, the installed-package checks and the demo's replays run in CI anyway; the
 # rest is the fast part.
-SLOW_TESTS = ["StressTest.*", "*DemoSessionTest.*", "DemoTest.*", "SimulatorWindowTest.*",
+SLOW_TESTS = ["StressTest.*", "*DemoSessionTest.*", "DemoTest.*",
               "KitTerminalTest.TextsHoldExactlyOneFrame*"]
 
 # Binary operators as clang-format writes them, a space on each side (which keeps template

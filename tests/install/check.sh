@@ -11,7 +11,7 @@ for component in library library_dev platform platform_dev; do
 done
 prefix=$work/prefix
 libdir=$(dirname "$(find "$prefix" -name 'libui.so' | head -1)")
-for f in include/ui/ui.hpp include/ui/TextBox.hpp include/utl/thread.hpp include/xui.h include/osal/log.hpp; do
+for f in include/ui/ui.hpp include/ui/TextBox.hpp include/utl/thread.hpp include/ui-host/xui.h include/ui-host/osal/log.hpp; do
     [ -f "$prefix/$f" ] || { echo "missing $f"; exit 1; }
 done
 [ -n "$(find "$prefix" -name 'libui.so.1.2.1.0')" ] || { echo "no versioned libui"; exit 1; }

@@ -10,8 +10,13 @@ rm -rf "$work"
 log=$work.log
 fail() { echo "$1"; tail -30 "$log"; exit 1; }
 for component in platform platform_dev; do
-    cmake --install "$build" --component $component --prefix "$work/sdk" >> "$log" 2>&1 || fail "no SDK"
+    cmake --install "$build" --component $component --prefix "$work/platform" >> "$log" 2>&1 || fail "no SDK"
 done
+# A vendor's SDK holds include/ and lib/; ours are under folders of our own.
+mkdir -p "$work/sdk"
+ln -s "$work/platform/include/ui-host" "$work/sdk/include"
+ln -s "$(dirname "$(find "$work/platform" -name 'libxui.so' | head -1)")" "$work/sdk/lib"
+ln -s "$work/platform/share" "$work/sdk/share"
 # One translation unit per batch of sources: the check is that the library finds everything in
 # the vendor's headers, which the host trees already compile file by file.
 cmake -S "$source" -B "$work/build" -G Ninja -DUI_PLATFORM=vendor -DUI_VENDOR_ROOT="$work/sdk" \

@@ -69,7 +69,8 @@ TEST_F(GIFTest, MovingTransfersTheRunningAnimation) {
     source->setVisible(false);
     ui::GIF moved(std::move(*source));
     EXPECT_FALSE(moved.isVisible()) << "the source's widget flag is applied";
-    EXPECT_EQ(moved.getWidth() + moved.getHeight(), 0u) << "its owner places it again";
+    EXPECT_EQ(moved.getX() + moved.getY() + moved.getWidth() + moved.getHeight(), 0u)
+        << "its owner places it again";
     xui_host::clearTrace();
     source.reset(); // owns no window any more
     EXPECT_TRUE(xui_host::trace("DestroyWindow").empty());

@@ -87,7 +87,7 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
     } cases[] = {
         {createCurrencyPrompt(1, 99999, 2, pound, "."),
          ":£0.00 0:£0.00 5:£0.05 0:£0.50 123:£501.23 4:£501.23 C:£50.12", true, "5012"},
-        {createNumericPrompt(1, 100), "0: 1:1 00:100 5:100 X: 7:7", true, "7"},
+        {createNumericPrompt(10, 100), "0: 1:1 00:100 5:100 X: 7:7", false, "7"}, // below the minimum
         {createDefaultCurrencyPrompt(), "0:$0.00 1:$0.01 5:$0.15", true, "015"},
         {createNumericDatePrompt(), "2024:2024 1:2024/1 1:2024/11 15:2024/11/15 0:2024/11/15", true,
          "20241115"},
@@ -177,6 +177,12 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
     label->setText(std::string("Thank you"));
     view->prompt().setMessage(label);
     EXPECT_EQ(placed(), (Lines{"98 Thank you", "128 " + pound + "0.00"}));
+
+    // A box of the application's own takes the canvas's width and a line's height.
+    auto own = std::make_shared<ui::TextBox<numeric_policy, empty_format_policy>>(7, 7, 7, 7);
+    view->prompt().setTextbox(own);
+    ui::input::AlignCenter(view->prompt());
+    EXPECT_EQ(std::to_string(own->getWidth()) + " x " + std::to_string(own->getHeight()), "320 x 20");
 }
 
 TEST_F(InputPromptTest, AnEmptyPromptIgnoresEverything) {

@@ -107,9 +107,10 @@ protected:
 TEST_F(ListBoxTest, TenItemsInAHundredPixels_ScrollDownAndWrapUp) {
     ui::ListBox list(0, 0, 200, 100, makeItems(10)); // pitch 25: four rows
     EXPECT_EQ(rows(list), (Rows{"0*", "1", "2", "3"}));
-    EXPECT_EQ(test::drawCalls(list, "CanvasDrawRect")[0].args[4], "20"); // items made 0 high: a line
-    ui::ListBox narrow(0, 0, 150, 100, {ui::ListItem(0, 0, 0, 20, MenuItem(1, "x", false))});
-    EXPECT_EQ(test::drawCalls(narrow, "CanvasDrawRect")[0].args[3], "150"); // made 0 wide: the list's
+    EXPECT_EQ(list.getSelectedElementAt(9)->getHeight(), 20u); // items made 0 high: a line, at once
+    ui::ListBox narrow(0, 0, 150, 100, {ui::ListItem(0, 0, 0, 40, MenuItem(1, "x", false))});
+    const auto rect = test::drawCalls(narrow, "CanvasDrawRect")[0].args;
+    EXPECT_EQ(rect[3] + " " + rect[4], "150 20"); // made 0 wide: the list's; any row is a line high
     for (int i = 0; i < 4; ++i)
         list.down();
     EXPECT_EQ(selectedId(list), 4);

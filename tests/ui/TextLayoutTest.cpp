@@ -57,6 +57,11 @@ TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {
     const auto message = ui::centerOfScreenFormatting("Please present, insert or swipe your card");
     EXPECT_EQ(placed(message),
               (std::vector<Placed>{{100, "Please present, insert"}, {120, "or swipe your card"}}));
+    // 24 characters stay whole, 25 do not.
+    EXPECT_EQ(placed(ui::centerOfScreenFormatting("Insert or swipe the card")),
+              (std::vector<Placed>{{110, "Insert or swipe the card"}}));
+    EXPECT_EQ(placed(ui::centerOfScreenFormatting("Insert or swipe the cards")),
+              (std::vector<Placed>{{100, "Insert or swipe the"}, {120, "cards"}}));
     EXPECT_EQ(placed(ui::centerFormatting("Tap", 7)), (std::vector<Placed>{{7, "Tap"}}));
 }
 

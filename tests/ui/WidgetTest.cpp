@@ -68,9 +68,10 @@ TEST_F(CompositeTest, EverySetterReachesTheParts) {
                               : std::to_string(10 + 150 - ui::fonts::GetTextWidth("Sale", size) / 2) + " " +
                                     std::to_string(30 + (40 - size) / 2) + " " + std::to_string(size);
         EXPECT_EQ(calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[3], where);
+        widget->setVisible(false); // the composite and its part
+        EXPECT_FALSE(widget->isVisible());
+        EXPECT_TRUE(test::drawCalls(*widget).empty());
     }
-    proxy->setVisible(false);
-    EXPECT_TRUE(test::drawCalls(*proxy).empty());
 }
 
 // Widgets made without a box sit at the corner, of no size.

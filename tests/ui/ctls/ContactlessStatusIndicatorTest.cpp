@@ -95,6 +95,7 @@ TEST_F(ContactlessTest, StartsDark_ReadyLightsTheFirstLed_OffDarkensIt) {
     EXPECT_TRUE(test::matchesGolden(header, "header_contactless_ready"));
     set(State::Off);
     EXPECT_TRUE(showsSoon("0000"));
+    EXPECT_TRUE(osal::host::waitUntilSettled(5s)) << osal::host::unsettled(); // dark, the worker waits
     EXPECT_TRUE(osal::host::beeps().empty());
 }
 
@@ -254,6 +255,29 @@ TEST_F(ContactlessTest, AnIndicatorWithoutWorkerNeverBlocks_AndEnablingBeforeIni
     ui::ServiceLocator::addContactlessStatusIndicator(&headless);
     set(State::Error); // the indicator without a worker holds a request nobody takes: not waited on
     EXPECT_TRUE(test::eventually([] { return osal::host::beeps().size() == 2; }));
+}
+
+// A fault in the worker's round is logged where the terminal's logs have always had it, and the
+// worker goes on.
+TEST_F(ContactlessTest, AFaultInTheWorkersRoundIsLoggedAtItsLine_AndTheWorkerGoesOn) {
+    struct FaultyHeader : test::View {
+        std::thread::id caller = std::this_thread::get_id();
+        std::atomic<bool> thrown{false};
+        void draw(_XuiWindow*) override {
+            if (std::this_thread::get_id() != caller && !thrown.exchange(true))
+                throw std::runtime_error("header fault");
+        }
+    };
+    graphics->getWindow()->setHeader(std::make_shared<FaultyHeader>());
+    enable();
+    // The worker's first round may come after the caller's redraw has shown the LEDs.
+    ASSERT_TRUE(test::eventually([] { return !osal::host::exceptionReports().empty(); }));
+    const auto reports = osal::host::exceptionReports();
+    ASSERT_EQ(reports.size(), 1u);
+    EXPECT_EQ(reports[0].source + ":" + std::to_string(reports[0].line) + " " + reports[0].what,
+              "ctls/ContactlessStatusIndicator:309 header fault");
+    set(State::Ready);
+    EXPECT_TRUE(showsSoon("1000"));
 }
 
 // The terminal's timing and tones by default; a configuration of other than four LEDs is refused.

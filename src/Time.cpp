@@ -7,7 +7,7 @@
 
 #include <boost/date_time/posix_time/posix_time.hpp>
 
-#include <cstdio>
+#include <string>
 
 namespace {
 // Shared by every clock: the header has one, and the last one built places them.
@@ -16,9 +16,7 @@ ui::Label date_label;
 } // namespace
 
 std::string format(int n) {
-    char text[16];
-    std::snprintf(text, sizeof text, n <= 9 ? "0%d" : "%d", n);
-    return text;
+    return n <= 9 ? "0" + std::to_string(n) : std::to_string(n);
 }
 
 std::string getTimeAsString(int hours, int minutes) {

@@ -2,6 +2,7 @@
 
 #include <osal/log.hpp>
 
+#include <algorithm>
 #include <atomic>
 
 namespace ui {
@@ -211,7 +212,7 @@ unsigned GetTextWidth(const char* text) {
 unsigned GetTextWidth(const char* text, unsigned size) {
     // Xui's failure (-1, without a font) must not read as a width of four billion pixels.
     const int width = Xui::TextWidth(getFont(), static_cast<int>(size), text);
-    return width < 0 ? 0 : static_cast<unsigned>(width);
+    return static_cast<unsigned>(std::max(width, 0));
 }
 
 } // namespace fonts

@@ -163,6 +163,9 @@ TEST_F(GraphicsDeviceTest, Render_DrawsOneWidgetAndPresents) {
     EXPECT_EQ(calls("CanvasDrawRect")[0].rfind("CanvasDrawRect(" + xui_host::nameOf(back), 0), 0u);
     EXPECT_EQ(xui_host::screen().at(7, 24 + 7), 0xFF0000FFu);
     EXPECT_NE(device->getRootCanvas(), back);
+    back = device->getRootCanvas();
+    device->render(nullptr); // nothing to draw: nothing presented
+    EXPECT_EQ(device->getRootCanvas(), back);
 }
 
 TEST_F(GraphicsDeviceTest, ReInitializeFrameBuffers_AppliesTheBrandingColours_AndRedrawsBoth) {
@@ -239,19 +242,22 @@ TEST_F(GraphicsDeviceTest, CanvasesThatCannotBeMade_LeaveADeviceThatDrawsNothing
     device.reset();
     // A status bar and, for one that leaves room, which canvas fails: the second of each pair.
     for (const auto& [statusbar, failing] :
-         std::vector<std::pair<int, int>>{{-1, -1}, {240, -1}, {1000, -1}, {24, 1}, {24, 3}}) {
+         std::vector<std::pair<int, int>>{{-1, -1}, {240, -1}, {12345, -1}, {24, 1}, {24, 3}}) {
         XuiClose();
         if (failing >= 0)
             xui_host::failCanvasCreation(unsigned(failing));
         xui_host::clearTrace();
         ui::GraphicsDevice squeezed(GraphicsDeviceParams{0, statusbar});
         EXPECT_EQ(squeezed.getRootCanvas(), nullptr) << statusbar;
+        if (statusbar == 12345) { // cut to 14 characters, as a rotation is
+            EXPECT_EQ(xui_host::trace("Open").at(0).args.at(1), "\"STATUSBAR=1234\"");
+        }
         exerciseEveryOperation(squeezed);
         for (const auto& call : xui_host::trace()) // a canvas not made is never asked for anything
             EXPECT_TRUE(call.args.empty() || call.args[0] != "null") << call.str();
     }
     EXPECT_THAT(log(), testing::Contains(testing::HasSubstr("cannot create the canvases for a status bar of "
-                                                            "1000 pixels")));
+                                                            "12345 pixels")));
 }
 
 TEST_F(GraphicsDeviceTest, XuiClosedBehindTheDevice_NothingIsPresentedOnFreedCanvases) {

@@ -24,6 +24,7 @@ TEST_F(XuiWrapper, Fonts_GetFontCreatesOnce_LoadFontEveryTime) {
     EXPECT_EQ(ui::fonts::getFont(), b);
     EXPECT_EQ(calls("CreateFont").size(), created + 2);
     EXPECT_EQ(calls("CreateFont").back(), "CreateFont(\"./res/Carlito-Regular.ttf\", 0, 0)");
+    EXPECT_EQ(ui::fonts::GetTextWidth(""), 0u); // nothing measures nothing
 }
 
 TEST_F(XuiWrapper, Calls_AreSerialisedButGetKeyIsNot) {

@@ -85,12 +85,19 @@ TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt
 // things happened in, a tone between the LED changes around it.
 TEST(KitTerminalTest, InVirtualTimeTheSuccessSequencePlaysAtOnce_InTheOrderItHappened) {
     ui::kit::Terminal terminal(quick(true));
-    terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, CtlsStatusIndicatorConfiguration{});
-    ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
-    ASSERT_TRUE(terminal.waitForLeds("1000"));
-    const int64_t before = osal::monotonicMs();
-    ui::ServiceLocator::updateContactlessIndicator(ui::State::Success); // returns once it has played
-    EXPECT_GE(osal::monotonicMs() - before, 800);
+    // Virtual time passes exactly what was paused: scheme 2's one step of 125 ms, or scheme 1's
+    // two of 100 ms, then the 650 ms hold from the last LED (less the real time the worker took
+    // between them). Success returns once it has played.
+    for (const auto& [scheme, played] : {std::pair(2, 775), std::pair(1, 850)}) {
+        CtlsStatusIndicatorConfiguration configuration;
+        configuration.ledScheme = scheme;
+        terminal.ui().enableContactless(app::StatusHeader::kIndicatorArea, configuration);
+        ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
+        ASSERT_TRUE(terminal.waitForLeds("1000"));
+        const int64_t before = osal::monotonicMs();
+        ui::ServiceLocator::updateContactlessIndicator(ui::State::Success);
+        EXPECT_NEAR(osal::monotonicMs() - before, played, 20) << "scheme " << scheme;
+    }
     ASSERT_TRUE(terminal.waitForLeds("0000"));
     const auto timeline = terminal.timeline();
     EXPECT_THAT(timeline, ui::kit::HappenedInOrder({"leds 1000", "tone 1500 Hz 500 ms", "leds 1100",

@@ -167,6 +167,8 @@ TEST_F(InputPromptTest, TheBoxSitsOneEmptyLineBelowTheMessage_OnceAlignedAgain) 
     EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "20 " + pound + "0.00"}));
     ui::input::AlignCenter(prompt); // the copy shares the box
     EXPECT_EQ(placed(), (Lines{"88 Enter the amount of the", "108 sale", "128 " + pound + "0.00"}));
+    EXPECT_EQ(terminal.texts().back().x,
+              160 - ui::fonts::GetTextWidth((pound + "0.00").c_str()) / 2); // centred
 
     // A null label keeps the message; an unknown identifier has already dropped it when it throws.
     view->prompt().setMessage(nullptr);

@@ -38,6 +38,12 @@ TEST_F(WrappableLabelTest, PlacesTheLinesThatFit_TopCentreOrBottom) {
                  {100, 300, 100, Origin(7), "Approved", {"100:Approved"}},
                  {0, width("Remove"), 100, Origin::Centre, "Remove card", {"30:Remove", "50:card"}},
                  {0, width("Approved"), 100, Origin::Bottom, "Approved", {"60:Approved"}},
+                 {0,
+                  width(std::string(70, 'a')),
+                  100,
+                  Origin::Bottom,
+                  std::string(70, 'a'),
+                  {"60:" + std::string(70, 'a')}}, // as long a line, found by galloping
                  {0, width("Remove"), 40, Origin::Top, "Remove card", {"0:Remove", "20:card"}},
                  {0, width("abcd"), 100, Origin::Top, "abcdabcd", {"0:abcd", "20:abcd"}}};
     for (const auto& c : cases) {

@@ -131,6 +131,13 @@ private:
             running_ = false;
             return;
         }
+        // Keys typed before the window has the keyboard are lost: a driver waits for this line.
+        if (event.type == SDL_WINDOWEVENT && event.window.event == SDL_WINDOWEVENT_FOCUS_GAINED &&
+            !focused_) {
+            focused_ = true;
+            std::cout << "keyboard focus" << std::endl;
+            return;
+        }
         if (event.type == SDL_TEXTINPUT) {
             for (const char* c = event.text.text; *c; ++c)
                 if (const int code = keyForTypedCharacter(*c))
@@ -194,6 +201,7 @@ private:
         app_->waitUntilIdle();
         osal::host::waitUntilSettled(seconds(5));
         ui::session::presentNewFrame(app_->graphics(), seconds(5));
+        app_->graphics().waitForDraw(); // the rest of the present: the other canvas hidden
     }
 
     void present() {
@@ -236,6 +244,7 @@ private:
     SDL_Texture* texture_ = nullptr;
     int width_ = 0, height_ = 0;
     bool running_ = true;
+    bool focused_ = false;
     size_t next_ = 0;
     int keysSent_ = 0;
     uint64_t waitUntil_ = 0;

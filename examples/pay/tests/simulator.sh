@@ -25,6 +25,8 @@ xvfb-run -a -s '-screen 0 640x480x24' bash -c '
     pid=$!
     window=$(timeout 30 xdotool search --sync --name "^Pay example$" | head -1)
     xdotool windowfocus --sync "$window"
+    # Typed only once the window has the keyboard: earlier keys would be lost.
+    timeout 30 bash -c "until grep -q \"^keyboard focus\" \"$work/window.log\"; do sleep 0.1; done"
     xdotool type --delay 20 1250
     xdotool key Return F12
     # The window writes the screenshot once what was typed is on it, and says so.

@@ -79,7 +79,9 @@ TEST_F(CompositeTest, WidgetsMadeWithoutABoxAreEmptyAtTheCorner) {
     const ui::ProxyImage image;
     const ui::ProxyLabel label;
     const ui::Decorator decorator(nullptr);
-    for (const ui::Widget* widget : std::initializer_list<const ui::Widget*>{&image, &label, &decorator})
+    const ui::Label plain;
+    for (const ui::Widget* widget :
+         std::initializer_list<const ui::Widget*>{&image, &label, &decorator, &plain})
         EXPECT_EQ(box(*widget), "0 0 0 0");
 }
 

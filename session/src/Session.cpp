@@ -45,7 +45,10 @@ private:
 bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout) {
     const uint64_t begun = xui_host::mainFramesBegun();
     graphics.update();
-    return xui_host::waitForMainFrameBegunAfter(begun, timeout);
+    if (!xui_host::waitForMainFrameBegunAfter(begun, timeout))
+        return false;
+    graphics.waitForDraw(); // the rest of the present: the other canvas hidden
+    return true;
 }
 
 Session::Session(const SessionOptions& options) : options_(options) {
@@ -80,7 +83,6 @@ void Session::capture(const std::string& action, const std::string& name) {
         fail("the indicator idles, and its flash did not come");
     if (!presentNewFrame(app.graphics(), options_.patience))
         fail("no frame of the application's screen was presented");
-    app.graphics().waitForDraw(); // the rest of the present: the other canvas hidden
     Step step;
     step.number = int(steps_.size());
     step.action = action;

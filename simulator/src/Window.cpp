@@ -201,7 +201,6 @@ private:
         app_->waitUntilIdle();
         osal::host::waitUntilSettled(seconds(5));
         ui::session::presentNewFrame(app_->graphics(), seconds(5));
-        app_->graphics().waitForDraw(); // the rest of the present: the other canvas hidden
     }
 
     void present() {

@@ -20,8 +20,9 @@
 
 namespace ui::session {
 
-// Returns once a frame of the main area begun after this call has been drawn and presented,
-// waiting on the stand-in's frame counters (header redraws do not move them); false when none
+// Returns once a frame of the main area begun after this call has been drawn and presented
+// (the canvas it replaced hidden, so the panel read next shows it alone), waiting on the
+// stand-in's frame counters (header redraws do not move them); false when none
 // came within timeout. A frame begun before the call does not count, whenever it is shown.
 bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout);
 

@@ -12,7 +12,7 @@ namespace ui {
 
 class Window::WindowImpl : public std::enable_shared_from_this<WindowImpl> {
 public:
-    WindowImpl(unsigned width, unsigned height) : width_(width), height_(height) {}
+    WindowImpl() = default;
 
     // The keypad holds the window weakly: a key that arrives once the window is gone (replaced
     // by a second initialize, or destroyed) is dropped, and a window stays alive until the
@@ -86,8 +86,6 @@ public:
     }
 
 private:
-    unsigned width_;
-    unsigned height_;
     std::shared_ptr<IContainer> header_;
     mutable std::recursive_mutex headerMutex_;
     std::shared_ptr<IContainer> view_;
@@ -96,7 +94,8 @@ private:
     mutable std::recursive_mutex indicatorMutex_;
 };
 
-Window::Window(unsigned width, unsigned height) : impl_(std::make_shared<WindowImpl>(width, height)) {
+// The window spans the panel: what it draws into is the device's, whatever size it was made with.
+Window::Window(unsigned, unsigned) : impl_(std::make_shared<WindowImpl>()) {
     impl_->bindKeypad();
 }
 Window::~Window() = default;

@@ -56,7 +56,7 @@ Session::Session(const SessionOptions& options) : options_(options) {
         throw std::runtime_error("Session: no strings for the language \"" + options.language +
                                  "\" (res/strings/" + options.language + ".txt)");
     osal::host::pinClock(kSessionClock);
-    xui_host::pinAnimationTime(std::chrono::milliseconds(900));
+    xui_host::pinAnimationTime(kPinnedAnimationTime);
     osal::host::setPseudoLocalization(options.pseudoLocalization);
     startMs_ = stepStartMs_ = endMs_ = steadyMs(Clock::now());
 }
@@ -99,8 +99,10 @@ void Session::capture(const std::string& action, const std::string& name) {
         step.events.push_back(event.str());
     }
     step.leds = recorder_.leds();
-    stepStartMs_ = steadyMs(Clock::now());
     steps_.push_back(std::move(step));
+    if (options_.onStep)
+        options_.onStep(steps_.back());
+    stepStartMs_ = steadyMs(Clock::now());
 }
 
 void Session::moment(const std::string& what) {

@@ -17,6 +17,7 @@ HeadlessResult playHeadless(const std::vector<ui::session::Command>& script, con
     ui::session::SessionOptions sessionOptions;
     sessionOptions.pseudoLocalization = options.pseudoLocalization;
     sessionOptions.language = options.language;
+    sessionOptions.onStep = options.onStep;
     // Before the application: it pins the clock and the strings its screens read as they are built.
     ui::session::Session session(sessionOptions);
     Context context;

@@ -2,6 +2,8 @@
 // card reader and the header's states the application has, the tones on the sound card.
 #include "ui/simulator/Simulator.hpp"
 
+#include "Controls.hpp"
+
 #include <ui/session/Script.hpp>
 #include <ui/session/Session.hpp>
 #include <ui/session/Tones.hpp>
@@ -166,31 +168,7 @@ private:
     // The card reader's and the header's keys, each only if the application takes it; a key it
     // does not take goes to the keypad as usual (M is the menu key either way).
     bool hotkey(SDL_Keycode key) {
-        try {
-            const ui::session::HeaderStatus now = app_->headerStatus();
-            switch (key) {
-            case SDLK_t:
-            case SDLK_d:
-                app_->tapCard(key == SDLK_t);
-                return true;
-            case SDLK_b:
-                return features_.battery && (app_->setBattery((now.battery + 1) % 7), true);
-            case SDLK_e:
-                return features_.ethernet && (app_->setEthernet(!now.ethernet), true);
-            case SDLK_s:
-                return features_.signal && (app_->setSignal((now.signal + 25) % 125), true);
-            case SDLK_f:
-                return features_.flightMode && (app_->setFlightMode(!now.flightMode), true);
-            case SDLK_o:
-                return features_.offlineCount && (app_->setOfflineCount((now.offlineCount + 1) % 120), true);
-            case SDLK_u:
-                return features_.updateAvailable && (app_->setUpdateAvailable(!now.updateAvailable), true);
-            default:
-                return false;
-            }
-        } catch (const ui::session::ScriptError&) {
-            return true; // the application has no card reader of its own here
-        }
+        return key >= SDLK_a && key <= SDLK_z && operate(char(key), *app_, features_);
     }
 
     // What was typed before a screenshot is on it: every key read and handled, the
@@ -285,11 +263,15 @@ int runWindow(const WindowOptions& options, const Program& program, const Factor
             SDL_QueueAudio(audio, samples.data(), Uint32(samples.size() * sizeof(int16_t)));
         });
     }
+    // A script's pictures match a session's: the animations stand still where a session pins them.
+    if (!options.script.empty())
+        xui_host::pinAnimationTime(ui::session::kPinnedAnimationTime);
     int result = 0;
     {
         Terminal terminal(options, program, factory);
         result = terminal.run();
     }
+    xui_host::unpinAnimationTime();
     if (tones)
         osal::host::removeBeepListener(tones);
     if (audio)

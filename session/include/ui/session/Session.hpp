@@ -15,6 +15,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,10 @@ namespace ui::session {
 // came within timeout. A frame begun before the call does not count, whenever it is shown.
 bool presentNewFrame(ui::IGraphics& graphics, std::chrono::milliseconds timeout);
 
+// The animations' time a session pictures every animation at; a window playing a script pins
+// the same, so that its pictures match a session's.
+constexpr std::chrono::milliseconds kPinnedAnimationTime{900};
+
 struct SessionOptions {
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
     // A language ("de"): the strings of res/strings/<language>.txt, read when the session
@@ -35,6 +40,10 @@ struct SessionOptions {
     std::string language;
     // The longest a step may take to settle before the session fails, naming what it waited for.
     std::chrono::milliseconds patience{5000};
+    // Called with each step as it is pictured, on the thread that plays (or on the application's,
+    // for a moment), before the next line starts: a front end shows it, and may hold the session
+    // there until it has.
+    std::function<void(const Step&)> onStep = nullptr;
 };
 
 class Session {

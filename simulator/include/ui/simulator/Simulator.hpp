@@ -78,6 +78,7 @@ struct HeadlessOptions {
     double pseudoLocalization = 0; // see osal::host::setPseudoLocalization; 0: off
     std::string language;          // "de": res/strings/de.txt; empty: the strings loaded
     GraphicsDeviceParams display{0, 32};
+    std::function<void(const ui::session::Step&)> onStep = nullptr; // see ui::session::SessionOptions
 };
 struct HeadlessResult {
     std::vector<ui::session::Step> steps;
@@ -92,7 +93,8 @@ HeadlessResult playHeadless(const std::vector<ui::session::Command>& script, con
 struct WindowOptions {
     unsigned zoom = 2;
     GraphicsDeviceParams display{0, 32};
-    // Played first, its keys typed as keyboard events; shots are pictures of the window.
+    // Played first, its keys typed as keyboard events; shots are pictures of the window. With a
+    // script, the animations stand still where a session pictures them.
     std::vector<ui::session::Command> script;
     bool quitAfterScript = false;
     std::string screenshots = "out"; // folder for F12 and the script's shots

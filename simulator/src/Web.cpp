@@ -53,8 +53,9 @@ public:
         std::unique_lock<std::mutex> lock(mutex_);
         step_ = &step;
         stepShown_ = false;
-        MAIN_THREAD_ASYNC_EM_ASM({ Module.sim.onStep($0, UTF8ToString($1), UTF8ToString($2), UTF8ToString($3)); },
-                                 step.number, step.action.c_str(), step.picture.c_str(), step.leds.c_str());
+        MAIN_THREAD_ASYNC_EM_ASM(
+            { Module.sim.onStep($0, UTF8ToString($1), UTF8ToString($2), UTF8ToString($3)); }, step.number,
+            step.action.c_str(), step.picture.c_str(), step.leds.c_str());
         wake_.wait(lock, [this] { return stepShown_; });
         step_ = nullptr;
     }
@@ -111,7 +112,7 @@ int fail(const Program& program, const std::string& why, int code) {
 // Synchronous: the text lives only as long as this call.
 void tellPage(const char* what, int id, bool ok, const std::string& text) {
     MAIN_THREAD_EM_ASM({ Module.sim[UTF8ToString($0)]($1, !!$2, UTF8ToString($3)); }, what, id, ok,
-                             text.c_str());
+                       text.c_str());
 }
 
 } // namespace
@@ -160,9 +161,9 @@ int run(int argc, char** argv, const Program& program, const Factory& factory) {
         return fail(program, "the factory built no application", 1);
     ui::session::HeaderFeatures features = app->headerFeatures();
     const auto ready = [&] {
-        MAIN_THREAD_ASYNC_EM_ASM(
-            { Module.sim.onReady($0, $1, $2, $3, $4, $5); }, features.battery, features.ethernet, features.signal,
-            features.flightMode, features.offlineCount, features.updateAvailable);
+        MAIN_THREAD_ASYNC_EM_ASM({ Module.sim.onReady($0, $1, $2, $3, $4, $5); }, features.battery,
+                                 features.ethernet, features.signal, features.flightMode,
+                                 features.offlineCount, features.updateAvailable);
     };
     ready();
 

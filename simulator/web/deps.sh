@@ -91,6 +91,11 @@ if ! built zlib; then
     CFLAGS="$CFLAGS -DHAVE_UNISTD_H -DHAVE_STDARG_H" c_library z "$src" adler32 compress crc32 deflate gzclose gzlib gzread gzwrite infback inffast inflate \
         inftrees trees uncompr zutil
     cp "$src/zlib.h" "$src/zconf.h" "$prefix/include/"
+    # What libpng and FreeType name when they are looked up with pkg-config.
+    mkdir -p "$prefix/lib/pkgconfig"
+    version=$(sed -n 's/^#define ZLIB_VERSION "\(.*\)"/\1/p' "$src/zlib.h")
+    printf 'prefix=%s\nName: zlib\nDescription: zlib compression library\nVersion: %s\nLibs: -L${prefix}/lib -lz\nCflags: -I${prefix}/include\n' \
+        "$prefix" "$version" > "$prefix/lib/pkgconfig/zlib.pc"
     done_with zlib
 fi
 if ! built libpng; then

@@ -183,22 +183,6 @@ TEST_F(ListBoxTest, Getters_ReturnIndependentCopies) {
     EXPECT_EQ(rows(list), (Rows{"0", "1", "2"}));
 }
 
-TEST_F(ListBoxTest, ScrollHelpersMoveTheWindowCircularly) {
-    auto items = makeItems(4);
-    ui::detail::SelectionMenu window;
-    window.top = items.begin() + 2;
-    window.bottom = items.begin() + 3;
-    ui::detail::scrollUp(&window, items);
-    EXPECT_EQ(window.top, items.begin() + 3);
-    EXPECT_EQ(window.bottom, items.begin());
-    ui::detail::scrollDown(&window, items);
-    ui::detail::scrollDown(&window, items);
-    EXPECT_EQ(window.top, items.begin() + 1);
-    EXPECT_EQ(window.bottom, items.begin() + 2);
-    EXPECT_EQ(ui::detail::DetermineDisplayableItems(100, 25), 4u);
-    EXPECT_EQ(ui::detail::DetermineDisplayableItems(99, 25), 3u);
-}
-
 TEST_F(ListBoxTest, MidScrollWithADisabledItem_MatchesTheReviewedPicture) {
     std::vector<ui::ListItem> items;
     const char* names[] = {"Sale",    "Refund",     "Void",    "Pre-authorisation",

@@ -39,16 +39,6 @@ TEST_F(Thread, EscapingExceptionsAreLogged_AndTheThreadJoins_BoostsHandlerFirst)
     EXPECT_EQ(empty.line, standard.line);
 }
 
-TEST_F(Thread, MovingARunningThreadIsSafe) {
-    std::atomic<bool> ran{false};
-    std::vector<utl::thread> threads;
-    for (int i = 0; i < 8; ++i) // reallocations move running threads
-        threads.emplace_back([&] { ran = true; });
-    for (auto& t : threads)
-        t.join();
-    EXPECT_TRUE(ran);
-}
-
 // A joinable thread destroyed ends the process, logging why at error level; above it nothing is
 // written before the runtime's own words.
 TEST(ThreadDeathTest, DestroyingAJoinableThreadLogsAndTerminates) {

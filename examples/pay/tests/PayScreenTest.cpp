@@ -20,8 +20,6 @@ using ui::kit::SoundedTones;
 class PayScreenTest : public testing::TestWithParam<std::string> {
 protected:
     PayScreenTest() : terminal(options()) {
-        // The LEDs in the header's left corner, with the card schemes' default tones: success
-        // 1500 Hz for 500 ms, the alert 750 Hz for 200 ms, twice.
         terminal.ui().enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
         terminal.onTap([this](bool approved) { screen->cardTapped(approved); });
         terminal.show(screen);
@@ -36,9 +34,7 @@ protected:
         return options;
     }
 
-    // Enter asks for a card and readies the indicator. The success sequence lights LEDs 2 to 4
-    // over what Ready lit: a card tapped before the indicator's worker has drawn Ready would
-    // show 0111, so a test waits for it as a person waits for the light.
+    // Enter asks for a card and readies the indicator, whose light a test waits for (see below).
     void askForACard(const std::string& amount) {
         terminal.type(amount);
         terminal.press(XUI_KEY_ENTER);

@@ -186,7 +186,7 @@ function operate(letter) {
     }
 }
 
-for (const button of document.querySelectorAll("#keypad button")) {
+for (const button of document.querySelectorAll("button[data-key]")) {
     button.addEventListener("click", () => press(button.dataset.key));
 }
 for (const button of document.querySelectorAll("button[data-control]")) {

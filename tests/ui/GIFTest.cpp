@@ -42,6 +42,7 @@ TEST_F(GIFTest, PlaysInItsOwnWindow_ShownAndHiddenByVisible) {
     EXPECT_FALSE(gif.isVisible());
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], 0xFF000000u); // the root's background shows again
     gif.visible(true);
+    EXPECT_TRUE(gif.Widget::isVisible()); // the widget's flag with it
     EXPECT_EQ(region(10, 20, 1, 1).argb[0], backdrop);
 
     gif.setX(200); // the window stays where it was made

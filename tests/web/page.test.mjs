@@ -203,7 +203,7 @@ for (const name of Object.keys(apps)) {
                 if (command === "keys") {
                     await page.keyboard.type(argument); // real key events, the characters typed
                 } else if (command === "key" && typed++ % 2 === 0) {
-                    await page.click(`#keypad button[data-key="${argument}"]`);
+                    await page.click(`button[data-key="${argument}"]`);
                 } else if (command === "key") {
                     const pcKey = { ENTER: "Enter", CANCEL: "Escape", CLEAR: "Backspace", UP: "ArrowUp", DOWN: "ArrowDown" }[argument];
                     await page.keyboard.press(pcKey);

@@ -142,7 +142,8 @@ int run(int argc, char** argv, const Program& program, const Factory& factory) {
     }
     if (!osal::host::loadStrings("res/strings/" + language + ".txt"))
         return fail(program, "no strings for the language \"" + language + "\"", 2);
-    const int tones = osal::host::addBeepListener([](const osal::host::Beep& beep) {
+    // For the page's life: the page is the process.
+    osal::host::addBeepListener([](const osal::host::Beep& beep) {
         MAIN_THREAD_ASYNC_EM_ASM({ Module.sim.onTone($0, $1); }, beep.frequencyHz, beep.durationMs);
     });
 
@@ -160,13 +161,11 @@ int run(int argc, char** argv, const Program& program, const Factory& factory) {
     if (!app)
         return fail(program, "the factory built no application", 1);
     ui::session::HeaderFeatures features = app->headerFeatures();
-    const auto ready = [&] {
-        MAIN_THREAD_ASYNC_EM_ASM({ Module.sim.onReady($0, $1, $2, $3, $4, $5); }, features.battery,
-                                 features.ethernet, features.signal, features.flightMode,
-                                 features.offlineCount, features.updateAvailable);
-    };
-    ready();
+    MAIN_THREAD_ASYNC_EM_ASM({ Module.sim.onReady($0, $1, $2, $3, $4, $5); }, features.battery,
+                             features.ethernet, features.signal, features.flightMode, features.offlineCount,
+                             features.updateAvailable);
 
+    // The page's requests, one at a time, for as long as the page is open.
     for (;;) {
         const Request request = page.next();
         switch (request.kind) {
@@ -200,14 +199,14 @@ int run(int argc, char** argv, const Program& program, const Factory& factory) {
                 pins.emplace();
             if (!app)
                 app = start();
+            if (!app)
+                return fail(program, "the factory built no application", 1);
             features = app->headerFeatures();
             tellPage("onPlayed", request.id, ok, ok ? timeline.str() : error);
             break;
         }
         }
     }
-    osal::host::removeBeepListener(tones);
-    return 0;
 }
 
 } // namespace ui::simulator

@@ -62,8 +62,9 @@ TEST(CharacterKeyBindingTest, DefaultTableHoldsTheTerminalsStrings_FiltersKeepOn
     for (const auto& c : cases)
         EXPECT_EQ(binding.getCharacterSetFromKey(c.key, CharacterSet(c.set)), c.kept)
             << c.key << "/" << c.set;
-    const CharacterKeyBinding custom({{KEY_3, "3x"}});
+    const CharacterKeyBinding custom({{KEY_3, "3x \x7F~"}}); // a space and DEL are no symbols
     EXPECT_EQ(custom.getCharacterSetFromKey(KEY_3, Characters), "x");
+    EXPECT_EQ(custom.getCharacterSetFromKey(KEY_3, Symbols), "~");
     EXPECT_EQ(custom.getTotalCharacterBindings(KEY_2), 0u);
 }
 

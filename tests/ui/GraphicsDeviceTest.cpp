@@ -60,6 +60,14 @@ TEST_F(GraphicsDeviceTest, Construction_OrderOfXuiCalls) {
     EXPECT_EQ(ui::ServiceLocator::getGraphicsService(), device.get());
 }
 
+// In a process of its own: a device publishes the sizes for the process, and until one has, every
+// size is 0.
+TEST(GraphicsDeviceSizesTest, BeforeAnyDeviceTheCanvasesHaveNoSize) {
+    EXPECT_EXIT(
+        std::_Exit(GetMainCanvasWidth() || GetMainCanvasHeight() || GetHeaderWidth() || GetHeaderHeight()),
+        ::testing::ExitedWithCode(0), "");
+}
+
 TEST_F(GraphicsDeviceTest, Update_DrawsIntoTheHiddenCanvasAndExchanges) {
     auto window = withWindow();
     auto view = std::make_shared<test::View>();

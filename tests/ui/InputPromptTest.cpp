@@ -101,7 +101,8 @@ TEST_F(InputPromptTest, EachKindShowsItsEntryAsTyped) {
         {createNumericTimePrompt(), "23596:23:59:6 0:23:59:6 X: 000000:00:00:00", true, "000000"},
         {createNumericDatePrompt(), "29991231:2999/12/31 C:2999/12/3 2:2999/12/3", false, "2999123"},
         {createNumericIPPrompt(), "000000000000:000.000.000.000", true, "000000000000"},
-        {createDefaultAlphaNumericPrompt(), "0:0 0:. 0:_ 1:_1 1:_!", true, "_!"},
+        {createDefaultAlphaNumericPrompt(), "0:0 0:. 0:_ 1:_1 1:_! P2:_!2 2:_!A", true, "_!A"},
+        {createCurrencyPrompt(100, 99999, 2, pound, "."), "99:£0.99", false, "99"}, // below the minimum
     };
     for (const auto& c : cases) {
         show(c.prompt);

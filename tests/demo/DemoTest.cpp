@@ -4,35 +4,9 @@
 #include "Demo.hpp"
 #include <ui/session/Script.hpp>
 
-#include <algorithm>
-#include <cstdio>
-#include <fstream>
 #include <sstream>
 
 namespace {
-
-std::string readAll(FILE* pipe) {
-    std::string out;
-    char buffer[256];
-    while (size_t n = std::fread(buffer, 1, sizeof buffer, pipe))
-        out.append(buffer, n);
-    return out;
-}
-
-TEST(ScriptTest, TheProgramRefusesAMalformedScriptWithOneLine) {
-    const std::string path = test::tempPath("bad.session");
-    std::ofstream(path) << "key ENTER\nkeys 12\nbattery full\n";
-    FILE* pipe = popen(
-        (std::string(UI_DEMO) + " --script " + path + " --out " + test::tempPath("bad") + " 2>&1").c_str(),
-        "r");
-    ASSERT_NE(pipe, nullptr);
-    const std::string output = readAll(pipe);
-    const int status = pclose(pipe);
-    EXPECT_TRUE(WIFEXITED(status)) << "the program crashed";
-    EXPECT_EQ(WEXITSTATUS(status), 2);
-    EXPECT_EQ(output, "ui_demo: " + std::to_string(::getpid()) +
-                          "_bad.session:3: \"full\" is not a number from 0 to 6; expected battery 0-6\n");
-}
 
 // The demo's own session, replayed in each language it speaks and as a translation 40 % longer
 // would show it: every step's screen and the LED-and-tone timeline against the reviewed ones

@@ -2,7 +2,8 @@
 # The example in the simulator: a sale played headless and recorded; then the same sale typed
 # into the window under a virtual X server as real key events (xdotool, the focus given without
 # a window manager), and the window's screenshot at zoom 1 equal, pixel for pixel, to the
-# headless picture of the same step. Usage: simulator.sh PAY_SIM DATA_DIR WORK_DIR
+# headless picture of the same step; and a malformed script refused.
+# Usage: simulator.sh PAY_SIM DATA_DIR WORK_DIR
 set -euo pipefail
 sim=$1 data=$2 work=$3
 rm -rf "$work"
@@ -13,6 +14,14 @@ fail() { echo "$1"; cat "$work"/*.log; exit 1; }
 for picture in storyboard.html session.gif timeline.txt tones.wav 02_key_ENTER.png 03_tap_approved.png; do
     [ -f "$work/headless/$picture" ] || fail "no $picture"
 done
+
+# A malformed script stops the program before it starts, with one line that names it, and exit 2.
+printf 'key ENTER\nkeys 12\nbattery full\n' > "$work/bad.session"
+status=0
+"$sim" --data "$data" --script "$work/bad.session" --out "$work/bad" > "$work/bad.log" 2>&1 || status=$?
+[ "$status" = 2 ] || fail "a malformed script ended with $status, not 2"
+expected='pay-sim: bad.session:3: "full" is not a number from 0 to 6; expected battery 0-6'
+[ "$(cat "$work/bad.log")" = "$expected" ] || fail "a malformed script said: $(cat "$work/bad.log")"
 
 # The window pins the clock as the headless run does; the keys come from the X server.
 printf 'clock 2026-11-22 09:30\n' > "$work/pin.session"

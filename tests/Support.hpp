@@ -11,6 +11,7 @@
 #include "ui/Widget.hpp"
 
 #include <ui/app/Screen.hpp>
+#include <ui/kit/Golden.hpp>
 #include <ui/kit/Pixels.hpp>
 #include <ui/kit/Platform.hpp>
 #include <ui/kit/Terminal.hpp>

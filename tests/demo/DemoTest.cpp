@@ -1,4 +1,3 @@
-#include "Golden.hpp"
 #include "Support.hpp"
 
 #include "Demo.hpp"

@@ -55,6 +55,7 @@ TEST(CharacterKeyBindingTest, DefaultTableHoldsTheTerminalsStrings_FiltersKeepOn
                           {KEY_2, Numbers, "2"},
                           {KEY_2, Symbols, ""},
                           {KEY_2, Characters | Numbers, "2ABCabc"},
+                          {device::input::KEY_9, Characters | Numbers, "9WXYZwxyz"}, // the classes' far ends
                           {KEY_1, Symbols, "!\"$%^&*()"}, // £ is two bytes of no class
                           {KEY_0, Symbols, "._',/\\|-+@~?<>#=:;[]{}`"},
                           {KEY_0, Characters | Numbers | Symbols, "0._',/\\|-+@~?<>#=:;[]{}`"},

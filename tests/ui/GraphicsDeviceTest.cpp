@@ -86,7 +86,7 @@ TEST_F(GraphicsDeviceTest, Update_DrawsIntoTheHiddenCanvasAndExchanges) {
     EXPECT_EQ(t[0].args[0], backName);
     EXPECT_EQ(t[1].str(), "ShowWindow(" + backName + ", 1, 0)");
     EXPECT_EQ(t[2].function, "ShowWindow");
-    EXPECT_EQ(t[2].args[1], "0");
+    EXPECT_EQ(t[2].args[1] + " " + t[2].args[2], "0 0");
     EXPECT_EQ(t[3].str(), "ClearArea(" + t[2].args[0] + ", 0, 0, 320, 216)");
     EXPECT_NE(device->getRootCanvas(), back); // the other canvas is next
     EXPECT_EQ(view->draws.load(), 1);
@@ -248,6 +248,7 @@ TEST_F(GraphicsDeviceTest, ADisplayThatDoesNotOpen_LeavesADeviceThatDrawsNothing
 // canvas that was not made.
 TEST_F(GraphicsDeviceTest, CanvasesThatCannotBeMade_LeaveADeviceThatDrawsNothing) {
     device.reset();
+    xui_host::setTracing(true);
     // A status bar and, for one that leaves room, which canvas fails: the second of each pair.
     for (const auto& [statusbar, failing] :
          std::vector<std::pair<int, int>>{{-1, -1}, {240, -1}, {12345, -1}, {24, 1}, {24, 3}}) {
@@ -257,6 +258,10 @@ TEST_F(GraphicsDeviceTest, CanvasesThatCannotBeMade_LeaveADeviceThatDrawsNothing
         xui_host::clearTrace();
         ui::GraphicsDevice squeezed(GraphicsDeviceParams{0, statusbar});
         EXPECT_EQ(squeezed.getRootCanvas(), nullptr) << statusbar;
+        // The canvases made before one failed are let go at once.
+        EXPECT_EQ(xui_host::trace("DestroyWindow").size(),
+                  xui_host::trace("CreateCanvas").size() - (failing >= 0))
+            << statusbar;
         if (statusbar == 12345) { // cut to 14 characters, as a rotation is
             EXPECT_EQ(xui_host::trace("Open").at(0).args.at(1), "\"STATUSBAR=1234\"");
         }

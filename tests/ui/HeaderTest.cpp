@@ -1,4 +1,3 @@
-#include "Golden.hpp"
 #include "Support.hpp"
 
 #include "ui/GraphicsDevice.hpp"
@@ -176,7 +175,7 @@ TEST_F(HeaderTest, FullHeader_MatchesTheReviewedPicture) {
             auto screen = terminal.screen();
             screen.argb.resize(size_t(screen.width) * 32);
             screen.height = 32;
-            const auto matches = test::matchesGolden(screen, "header");
+            const auto matches = ui::kit::matchesGolden(screen, "header.png");
             std::fprintf(stderr, "%s\n", matches.message());
             std::_Exit(matches ? 0 : 1);
         },

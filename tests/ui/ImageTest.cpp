@@ -50,6 +50,9 @@ TEST_F(ImageTest, SizeIsThePicturesOwn_AndDrawBlitsItEvenWhenHidden) {
     EXPECT_EQ(calls("CanvasDrawImg"), (std::vector<std::string>{blit, blit}));
     ui::Image nothing(picture, 0, 0, 0, 0, [](const char*) -> _XuiImg* { return nullptr; });
     EXPECT_EQ(nothing.getWidth() + nothing.getHeight(), 0u);
+    std::ostringstream dump;
+    dump << image;
+    EXPECT_NE(dump.str().find("IMAGE DATA NOT NULL: true"), std::string::npos);
     const ui::Image atTheCorner(picture);
     EXPECT_EQ(atTheCorner.getX() + atTheCorner.getY(), 0u);
     EXPECT_EQ(*nothing, nullptr);

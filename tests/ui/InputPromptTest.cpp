@@ -1,4 +1,3 @@
-#include "Golden.hpp"
 #include "Support.hpp"
 
 #include "ui/Prompt.hpp"
@@ -221,7 +220,7 @@ TEST_F(InputPromptTest, WholeScreensMatchTheReviewedPictures) {
         show(screen.prompt);
         for (char k : screen.keys)
             terminal.press(k);
-        EXPECT_TRUE(test::matchesGolden(terminal.screen(), screen.golden));
+        EXPECT_TRUE(ui::kit::matchesGolden(terminal.screen(), screen.golden + ".png"));
         EXPECT_EQ(view->prompt().getInputText(), screen.raw);
     }
 }

@@ -1,4 +1,3 @@
-#include "Golden.hpp"
 #include "Support.hpp"
 
 #include "ui/Menu.hpp"
@@ -198,7 +197,7 @@ TEST_F(ListBoxTest, MidScrollWithADisabledItem_MatchesTheReviewedPicture) {
                            ui::fonts::intToXuiColor(
                                resource::ResourceMapping::getResourceColor(resource::BRAND_MAIN_BACKGROUND)));
     list.draw(canvas);
-    EXPECT_TRUE(test::matchesGolden(xui_host::canvas(canvas), "listbox_mid_scroll"));
+    EXPECT_TRUE(ui::kit::matchesGolden(xui_host::canvas(canvas), "listbox_mid_scroll.png"));
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "Golden.hpp"
 #include "Support.hpp"
 
 #include "ui/ProgressBar.hpp"
@@ -72,7 +71,7 @@ TEST_F(ProgressBarTest, AtZeroFiftyAndHundred_MatchesTheReviewedPicture) {
         bar.setProgress(i * 50);
         bar.draw(canvas);
     }
-    EXPECT_TRUE(test::matchesGolden(xui_host::canvas(canvas), "progress_0_50_100"));
+    EXPECT_TRUE(ui::kit::matchesGolden(xui_host::canvas(canvas), "progress_0_50_100.png"));
 }
 
 } // namespace

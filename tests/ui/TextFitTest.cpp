@@ -115,12 +115,13 @@ TEST_F(TextFitTest, FastBreakingGivesTheLinesOfTheDownwardSearch) {
 // measured more (a step that does not double, a character taken byte by byte) is slower on a
 // terminal whatever it gives.
 TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
-    std::string narrowThenWide, emoji, accents, strays;
+    std::string narrowThenWide, emoji, accents, euros, strays;
     for (int i = 0; i < 10; ++i)
         narrowThenWide += std::string(100, 'i') + std::string(100, 'W');
     for (int i = 0; i < 500; ++i) {
         emoji += "\xF0\x9F\x92\xB3\x80"; // a card, and a byte outside any character
         accents += "\xC3\xA9\x80";       // an e acute, and the same
+        euros += "\xE2\x82\xAC\x80";     // a euro sign, and the same
         strays += "a\x80";               // a letter, and the same: each a character of its own
     }
     const struct {
@@ -134,6 +135,7 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
                  {narrowThenWide, 300, 460},
                  {emoji, 300, 179},
                  {accents, 300, 114},
+                 {euros, 300, 146},
                  {strays, 300, 81}};
     for (const auto& c : cases) {
         int measured = 0;

@@ -68,6 +68,10 @@ TEST_F(CompositeTest, EverySetterReachesTheParts) {
                               : std::to_string(10 + 150 - ui::fonts::GetTextWidth("Sale", size) / 2) + " " +
                                     std::to_string(30 + (40 - size) / 2) + " " + std::to_string(size);
         EXPECT_EQ(calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[3], where);
+        if (widget == proxy) { // at the top of its box once not centred vertically
+            proxy->verticalAlignment(false);
+            EXPECT_EQ(test::drawCalls(*proxy, "CanvasDrawText")[0].args[2], "30");
+        }
         widget->setVisible(false); // the composite and its part
         EXPECT_FALSE(widget->isVisible());
         EXPECT_TRUE(test::drawCalls(*widget).empty());

@@ -51,6 +51,13 @@ TEST(ThreadDeathTest, DestroyingAJoinableThreadLogsAndTerminates) {
             },
             output);
     }
+    EXPECT_DEATH( // and so does one replaced by another
+        {
+            GetGlobalLogConfig().setLevel(LogLevel::Error);
+            utl::thread t([] { std::this_thread::sleep_for(std::chrono::seconds(1)); });
+            t = utl::thread([] {});
+        },
+        "thread destroyed without joining or detaching");
 }
 
 using Pool = test::PlatformTest;

@@ -69,6 +69,12 @@ inline std::vector<std::string> texts(const std::vector<xui_host::Call>& calls) 
     return out;
 }
 
+// A widget's box, "x y width height".
+inline std::string box(const ui::Widget& w) {
+    return std::to_string(w.getX()) + " " + std::to_string(w.getY()) + " " + std::to_string(w.getWidth()) +
+           " " + std::to_string(w.getHeight());
+}
+
 // A file name of this process's own under the test temp folder: CTest runs tests side by side.
 inline std::string tempPath(const std::string& name) {
     return ::testing::TempDir() + "/" + std::to_string(::getpid()) + "_" + name;

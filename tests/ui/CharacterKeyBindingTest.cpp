@@ -7,12 +7,7 @@
 namespace {
 
 using namespace std::chrono_literals;
-using device::input::Key;
-using device::input::KEY_0;
-using device::input::KEY_1;
-using device::input::KEY_2;
-using device::input::KEY_3;
-using device::input::KEY_ENTER;
+using namespace device::input;
 
 // The multi-tap cycle runs on the stand-in's virtual clock: presses are instantaneous unless
 // the test advances time, and every test starts a new character.
@@ -38,7 +33,7 @@ TEST(CharacterKeyBindingTest, DefaultTableHoldsTheTerminalsStrings_FiltersKeepOn
     const CharacterKeyBinding binding;
     EXPECT_EQ(binding.getTotalCharacterBindings(KEY_0), 28u);
     EXPECT_EQ(binding.getTotalCharacterBindings(KEY_1), 12u);
-    EXPECT_EQ(binding.getTotalCharacterBindings(device::input::KEY_7), 9u);
+    EXPECT_EQ(binding.getTotalCharacterBindings(KEY_7), 9u);
     EXPECT_EQ(binding.getTotalCharacterBindings(KEY_ENTER), 0u);
     std::string zero;
     for (unsigned i = 0; i < 28; ++i)
@@ -55,8 +50,8 @@ TEST(CharacterKeyBindingTest, DefaultTableHoldsTheTerminalsStrings_FiltersKeepOn
                           {KEY_2, Numbers, "2"},
                           {KEY_2, Symbols, ""},
                           {KEY_2, Characters | Numbers, "2ABCabc"},
-                          {device::input::KEY_9, Characters | Numbers, "9WXYZwxyz"}, // the classes' far ends
-                          {KEY_1, Symbols, "!\"$%^&*()"}, // £ is two bytes of no class
+                          {KEY_9, Characters | Numbers, "9WXYZwxyz"}, // the classes' far ends
+                          {KEY_1, Symbols, "!\"$%^&*()"},             // £ is two bytes of no class
                           {KEY_0, Symbols, "._',/\\|-+@~?<>#=:;[]{}`"},
                           {KEY_0, Characters | Numbers | Symbols, "0._',/\\|-+@~?<>#=:;[]{}`"},
                           {KEY_ENTER, Characters | Numbers | Symbols, ""}};

@@ -82,8 +82,7 @@ TEST_F(HeaderTest, Icons_ShowTheirStateOnlyWhereTheTerminalHasThem) {
     osal::host::setCapabilities(false, false);
     ui::Battery battery(0, 0, 24, 24, kRes);
     ui::Ethernet none(30, 0, 24, 24, kRes);
-    EXPECT_FALSE(battery.isVisible());
-    EXPECT_FALSE(none.isVisible());
+    EXPECT_FALSE(battery.isVisible() || none.isVisible());
     xui_host::clearTrace();
     battery.draw(ui::Xui::RootCanvas());
     none.draw(ui::Xui::RootCanvas());
@@ -100,9 +99,8 @@ TEST_F(HeaderTest, OfflineStore_ShowsTheCountUnderTheIcon) {
     EXPECT_FALSE(store.isVisible());
     store.setValue(7);
     EXPECT_EQ(drawnTexts(store), (std::vector<std::string>{"7"}));
-    auto text = xui_host::trace("CanvasDrawText")[0];
-    EXPECT_EQ(text.args[2], "18"); // under the icon
-    EXPECT_EQ(text.args[3], "10"); // half size
+    const auto text = xui_host::trace("CanvasDrawText")[0].args;
+    EXPECT_EQ(text[2] + " " + text[3], "18 10"); // under the icon, at half size
     store.setValue(99);
     EXPECT_EQ(drawnTexts(store), (std::vector<std::string>{"99"}));
     store.setValue(100);
@@ -134,8 +132,7 @@ TEST_F(HeaderTest, Time_ReadsTheClockAtEachDraw) {
     EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"09:05", "07/03/2025"}));
     osal::host::pinClock(k0905on7March2025 - 9 * 3600 - 5 * 60); // midnight
     EXPECT_EQ(drawnTexts(clock)[0], "00:00");
-    EXPECT_EQ(format(2025) + format(-5) + format(10) + format(9),
-              "20250-51009"); // two digits at least, a sign one
+    EXPECT_EQ(format(2025) + format(-5) + format(10) + format(9), "20250-51009"); // two digits at least
     // Past 2038 the seconds no longer fit the terminal's 32-bit long (nor its time_t).
     osal::host::pinClock(2214172740); // 2040-02-29 23:59
     EXPECT_EQ(drawnTexts(clock), (std::vector<std::string>{"23:59", "29/02/2040"}));

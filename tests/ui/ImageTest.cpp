@@ -60,10 +60,6 @@ TEST_F(ImageTest, SizeIsThePicturesOwn_AndDrawBlitsItEvenWhenHidden) {
 }
 
 TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
-    const auto box = [](const ui::Widget& w) {
-        return std::to_string(w.getX()) + " " + std::to_string(w.getY()) + " " +
-               std::to_string(w.getWidth()) + " " + std::to_string(w.getHeight());
-    };
     {
         auto source = std::make_unique<ui::Image>(picture, 1, 2, 0, 0);
         source->setVisible(false);
@@ -83,14 +79,14 @@ TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
         ui::Image target(other);
         target = moved; // frees its own, loads afresh, and takes the box
         EXPECT_EQ(target.getFilename(), picture);
-        EXPECT_EQ(box(target), "1 2 32 16");
+        EXPECT_EQ(test::box(target), "1 2 32 16");
         EXPECT_NE(*target, *moved);
         target = target; // self-assignment changes nothing
 
         ui::Image swapped(other);
         swapped = std::move(moved);
         EXPECT_EQ(swapped.getFilename(), picture);
-        EXPECT_EQ(box(swapped), "1 2 32 16"); // the box comes with the picture
+        EXPECT_EQ(test::box(swapped), "1 2 32 16"); // the box comes with the picture
         EXPECT_EQ(moved.getFilename(), other);
         EXPECT_EQ(*moved, nullptr);
     }
@@ -147,13 +143,11 @@ TEST_F(ImageTest, ProxiesOfOnePathShareTheImage_AndLoadsTakeThePicturesSize) {
     const std::string other = test::writePng("icon24b", 24, 24);
     ui::ProxyImage proxy(small, 7, 8, 16, 16);
     proxy.loadResource(other);
-    EXPECT_EQ(std::vector<unsigned>({proxy.getX(), proxy.getY(), proxy.getWidth(), proxy.getHeight()}),
-              std::vector<unsigned>({7, 8, 24, 24}));
+    EXPECT_EQ(test::box(proxy), "7 8 24 24");
     EXPECT_THROW(proxy.loadResource("no/such/icon.png"), std::runtime_error);
     EXPECT_EQ(proxy->getFilename(), other);
     proxy.loadResource(small, 1, 2, 3, 4);
-    EXPECT_EQ(proxy->getX(), 1u);
-    EXPECT_EQ(proxy->getHeight(), 4u);
+    EXPECT_EQ(test::box(proxy) + ", picture " + test::box(*proxy), "1 2 3 4, picture 1 2 3 4");
     proxy.setVisible(false);
     xui_host::clearTrace();
     proxy.draw(ui::Xui::RootCanvas());

@@ -57,6 +57,10 @@ TEST_F(ProgressBarTest, Resizing_KeepsTheFilledFraction) {
     bar.setX(5);
     bar.setY(6);
     EXPECT_EQ(rects(bar)[2], "17,18 188x16 0xff333333");
+    ui::ProgressBar thin(0, 0, 1, 10, kFrame, kBack, kFill, kFull); // a one-pixel run is a fraction too
+    thin.setProgress(100);
+    thin.setWidth(50);
+    EXPECT_EQ(rects(thin)[2], "0,0 50x10 0xff444444");
 }
 
 TEST_F(ProgressBarTest, AtZeroFiftyAndHundred_MatchesTheReviewedPicture) {

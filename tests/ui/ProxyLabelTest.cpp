@@ -63,19 +63,20 @@ TEST_F(ProxyLabelTest, CopiesTakeTheSourceBox_AssignmentsOnlyTheInnerLabel) {
 
     ui::ProxyLabel copy(source);
     EXPECT_TRUE(copy.isVisible());
-    EXPECT_EQ(copy.getX(), 10u);
+    EXPECT_EQ(test::box(copy), "10 20 200 20");
     EXPECT_EQ(copy.getText(), "Welcome");
 
     ui::ProxyLabel target(1, 2, 3, 4);
     target = source;
-    EXPECT_EQ(target.getX(), 1u); // its own box is untouched...
-    EXPECT_EQ(target.getWidth(), 3u);
+    EXPECT_EQ(test::box(target), "1 2 3 4"); // its own box is untouched...
     EXPECT_EQ(target.getText(), "Welcome");
     target.setVisible(true); // ...while the inner label took the source's box, colour and alignment
     const auto calls = test::drawCalls(target, "CanvasDrawText");
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_EQ(calls[0].args[1], std::to_string(10 + 200 - 2 - ui::fonts::GetTextWidth("Welcome")));
     EXPECT_EQ(calls[0].args[6], "0xffff0000");
+    target.setText(1); // a localized text gives the proxy its inner label's size
+    EXPECT_EQ(test::box(target), "1 2 200 20");
 }
 
 class TitleTest : public test::DeviceTest {
@@ -96,9 +97,9 @@ TEST_F(TitleTest, TheBandRunsToTheScreensFullWidthFromItsX_ThenCaptionThenWidget
     ASSERT_EQ(calls.size(), 3u);
     EXPECT_EQ(calls[0].str(), "CanvasDrawRect(root, 10, 6, 320, 20, 0xff4fc3f7, 0, 1)");
     EXPECT_EQ(test::texts({calls[1], calls[2]}), (Texts{"Welcome", "body"}));
-    EXPECT_EQ(calls[1].args[1], std::to_string(10 + 50 - ui::fonts::GetTextWidth("Welcome") / 2));
-    EXPECT_EQ(calls[1].args[2], "6");
-    EXPECT_EQ(calls[1].args[6], "0xff0f1c2e"); // branding colour 2 on the band
+    const auto& caption = calls[1].args; // centred on the band, in branding colour 2
+    EXPECT_EQ(caption[1] + "," + caption[2] + " " + caption[6],
+              std::to_string(10 + 50 - ui::fonts::GetTextWidth("Welcome") / 2) + ",6 0xff0f1c2e");
 
     ui::Title full(1, nullptr);
     EXPECT_EQ(full.getWidth(), 320u);

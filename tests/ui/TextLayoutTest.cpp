@@ -26,15 +26,11 @@ TEST(TextLayoutTest, SplitOnNewLinesTrimsAndKeepsEmptyLines_SplitLineCutsAtTheLa
 class TextLayoutOnScreenTest : public test::DeviceTest {
 protected:
     TextLayoutOnScreenTest() : DeviceTest(0) {} // 320 x 240
-    struct Placed {
-        unsigned y;
-        std::string text;
-        bool operator==(const Placed& o) const { return y == o.y && text == o.text; }
-    };
-    static std::vector<Placed> placed(const std::vector<std::shared_ptr<ui::Widget>>& labels) {
-        std::vector<Placed> out;
+    // Each label's box and text.
+    static Lines placed(const std::vector<std::shared_ptr<ui::Widget>>& labels) {
+        Lines out;
         for (const auto& w : labels)
-            out.push_back({w->getY(), static_cast<ui::Label&>(*w).getText()});
+            out.push_back(test::box(*w) + " " + static_cast<ui::Label&>(*w).getText());
         return out;
     }
 };
@@ -42,12 +38,8 @@ protected:
 TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {
     ASSERT_EQ(GetMainCanvasHeight(), 240);
     const auto labels = ui::centerOfScreenFormatting(Lines{"one", "two", "three"});
-    EXPECT_EQ(placed(labels), (std::vector<Placed>{{90, "one"}, {110, "two"}, {130, "three"}}));
+    EXPECT_EQ(placed(labels), (Lines{"0 90 320 20 one", "0 110 320 20 two", "0 130 320 20 three"}));
     EXPECT_EQ(ui::GetYFromLastTextElement(labels), 130u);
-    for (const auto& w : labels) {
-        EXPECT_EQ(w->getX(), 0u);
-        EXPECT_EQ(w->getWidth(), 320u);
-    }
     // Centred text is drawn around the middle of the canvas.
     const auto calls = test::drawCalls(*labels[0], "CanvasDrawText");
     ASSERT_EQ(calls.size(), 1u);
@@ -56,13 +48,13 @@ TEST_F(TextLayoutOnScreenTest, CentredBlocksSitInTheMiddleOfTheScreen) {
     // Wrapped at 24 characters first.
     const auto message = ui::centerOfScreenFormatting("Please present, insert or swipe your card");
     EXPECT_EQ(placed(message),
-              (std::vector<Placed>{{100, "Please present, insert"}, {120, "or swipe your card"}}));
+              (Lines{"0 100 320 20 Please present, insert", "0 120 320 20 or swipe your card"}));
     // 24 characters stay whole, 25 do not.
     EXPECT_EQ(placed(ui::centerOfScreenFormatting("Insert or swipe the card")),
-              (std::vector<Placed>{{110, "Insert or swipe the card"}}));
+              (Lines{"0 110 320 20 Insert or swipe the card"}));
     EXPECT_EQ(placed(ui::centerOfScreenFormatting("Insert or swipe the cards")),
-              (std::vector<Placed>{{100, "Insert or swipe the"}, {120, "cards"}}));
-    EXPECT_EQ(placed(ui::centerFormatting("Tap", 7)), (std::vector<Placed>{{7, "Tap"}}));
+              (Lines{"0 100 320 20 Insert or swipe the", "0 120 320 20 cards"}));
+    EXPECT_EQ(placed(ui::centerFormatting("Tap", 7)), (Lines{"0 7 320 20 Tap"}));
 }
 
 TEST_F(TextLayoutOnScreenTest, AutomaticFormattingStacksLeftAlignedLines_EvenWhenOneWraps) {

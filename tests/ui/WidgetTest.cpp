@@ -34,11 +34,7 @@ TEST(IContainer, DrawWidgets_SkipsNullChildren_AndAsksHiddenOnesToo) {
     EXPECT_EQ(ui::detail::CalculateMainViewYPosition(10, 30), 30u);
 }
 
-std::string box(const ui::Widget& w) {
-    return std::to_string(w.getX()) + " " + std::to_string(w.getY()) + " " + std::to_string(w.getWidth()) +
-           " " + std::to_string(w.getHeight());
-}
-
+using test::box;
 class CompositeTest : public test::PlatformTest {};
 
 // Every setter of a widget made of parts reaches its own box and the parts: a centred "Sale"

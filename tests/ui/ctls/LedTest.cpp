@@ -39,8 +39,7 @@ TEST_F(LedTest, CopiesAndAssignmentsTakeStateAndPictures) {
     ui::Led other(0, 0, 9, 9, black, green); // pictures the other way round
     other = lit;
     EXPECT_EQ(drawn(other), Drawn{"on@7"});
-    EXPECT_EQ(std::make_tuple(other.getY(), other.getWidth(), other.getHeight()),
-              std::make_tuple(2u, 15u, 15u));
+    EXPECT_EQ(test::box(other), "7 2 15 15");
     other.setOn(false); // its own lock and state from now on
     EXPECT_TRUE(lit.isOn());
     other = std::move(copy);

@@ -58,7 +58,10 @@ public:
 
     bool openGraphicsDevice();
     void initializeFrameBuffers();
-    void switchBuffers(_XuiWindow** a, _XuiWindow** b, const geom::rectangle& size);
+    struct CanvasSize {
+        unsigned width = 0, height = 0;
+    };
+    void switchBuffers(_XuiWindow** a, _XuiWindow** b, const CanvasSize& size);
     void closeGraphicsDevice();
 
 private:
@@ -69,8 +72,8 @@ private:
     std::atomic<bool> running{true};
     std::atomic<bool> open{false};
     // The canvases' sizes as created: a canvas that Xui has freed behind our back is never read.
-    geom::rectangle mainSize;
-    geom::rectangle headerSize;
+    CanvasSize mainSize;
+    CanvasSize headerSize;
     _XuiWindow* mainBack = nullptr;
     _XuiWindow* mainFront = nullptr;
     mutable std::mutex canvasMutex;
@@ -139,8 +142,8 @@ void GraphicsDevice::GraphicsDeviceImpl::initializeFrameBuffers() {
     if (root && statusbarCanvas && params.statusbar >= 0 && unsigned(params.statusbar) < root->height) {
         const unsigned width = root->width;
         const unsigned bar = static_cast<unsigned>(params.statusbar);
-        mainSize = {0, 0, width, root->height - bar};
-        headerSize = {0, 0, width, bar};
+        mainSize = {width, root->height - bar};
+        headerSize = {width, bar};
         // Each pair gets its background before the next pair is made, as the terminal does.
         mainBack = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
         mainFront = Xui::CreateCanvas(root, 0, 0, mainSize.width, mainSize.height);
@@ -177,7 +180,7 @@ void GraphicsDevice::GraphicsDeviceImpl::applyBackgrounds() {
 }
 
 void GraphicsDevice::GraphicsDeviceImpl::switchBuffers(_XuiWindow** a, _XuiWindow** b,
-                                                       const geom::rectangle& size) {
+                                                       const CanvasSize& size) {
     std::swap(*a, *b);
     Xui::ShowWindow(*a, 1, 0);
     Xui::ShowWindow(*b, 0, 0);

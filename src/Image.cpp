@@ -4,6 +4,7 @@
 
 #include <boost/filesystem/operations.hpp>
 
+#include <algorithm>
 #include <locale>
 #include <stdexcept>
 #include <utility>
@@ -119,13 +120,9 @@ std::ostream& operator<<(std::ostream& out, const Image& image) {
 
 bool ImageExtensionValidator::operator()(const std::string& extension) const {
     static const std::string png = ".png";
-    if (extension.size() != png.size())
-        return false;
     const auto& ctype = std::use_facet<std::ctype<char>>(std::locale());
-    for (std::size_t i = 0; i < png.size(); ++i)
-        if (ctype.toupper(extension[i]) != ctype.toupper(png[i]))
-            return false;
-    return true;
+    return std::equal(extension.begin(), extension.end(), png.begin(), png.end(),
+                      [&](char a, char b) { return ctype.toupper(a) == ctype.toupper(b); });
 }
 
 Directory::Directory(const std::string& path) : path_(path) {

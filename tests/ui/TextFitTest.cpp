@@ -131,7 +131,8 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
     } cases[] = {{std::string(2000, 'a'), 300, 147},
                  // a long word whose line holds all but its last character
                  {std::string(70, 'a'), ui::fonts::GetTextWidth(std::string(69, 'a').c_str()), 13},
-                 {std::string(60, 'a'), 70, 29}, // short enough to be measured whole first
+                 {std::string(60, 'a'), 70, 29},  // short enough to be measured whole first
+                 {std::string(65, 'a'), 1000, 8}, // one byte too long for that: by prefixes, though all fits
                  {narrowThenWide, 300, 460},
                  {emoji, 300, 179},
                  {accents, 300, 114},

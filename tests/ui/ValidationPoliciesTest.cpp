@@ -54,6 +54,8 @@ TEST(NumericPolicyTest, FromMax2147483647Up_TheSaturatedValueAcceptsAnyNumberOfD
     policy.setMax(2147483647);
     EXPECT_EQ(type(policy, "999999999999").back(), "999999999999");
     EXPECT_FALSE(policy.validate("999999999999")); // typed, yet above max as a 64-bit number
+    policy.setMax(INT32_MIN); // -2147483647 reads as itself, only what lies past it as the lowest value
+    EXPECT_EQ(type(policy, "78", "-214748364"), (Steps{"-214748364", "-2147483648"}));
 }
 
 // Limits and values are long long, 64 bits on the terminal too, where long has 32.

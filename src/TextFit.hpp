@@ -16,6 +16,7 @@
 #include <osal/strings.hpp>
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,9 +28,14 @@ namespace ui::detail {
 // many as follow it; any other byte alone.
 inline std::size_t characterLength(std::string_view text, std::size_t i) {
     const auto lead = static_cast<unsigned char>(text[i]);
-    const std::size_t announced = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF8 ? 4 : 1;
+    const std::size_t continuations = lead >= 0xF8   ? 0
+                                      : lead >= 0xF0 ? 3
+                                      : lead >= 0xE0 ? 2
+                                      : lead >= 0xC0 ? 1
+                                                     : 0;
     std::size_t n = 1;
-    while (n < announced && i + n < text.size() && (static_cast<unsigned char>(text[i + n]) & 0xC0) == 0x80)
+    while (n <= continuations && i + n < text.size() &&
+           (static_cast<unsigned char>(text[i + n]) & 0xC0) == 0x80)
         ++n;
     return n;
 }
@@ -124,7 +130,7 @@ public:
     void lineMade(std::size_t bytes) { lineBytes_ = bytes; }
 
 private:
-    static constexpr std::size_t kUnknown = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kUnknown = std::numeric_limits<std::size_t>::max();
     static constexpr std::size_t kShort = 64; // measured whole, whatever the line before
 
     // Bytes in the first count characters, or kUnknown when the text has fewer.

@@ -34,9 +34,8 @@ TEST_F(XuiRenderer, Open_RotationSwapsThePanelSides) {
     XuiClose();
     xui_host::setPanelSize(320, 240);
     ui::kit::Platform::openDisplay(90, 20);
-    EXPECT_EQ(XuiRootCanvas()->width, 240u);
-    EXPECT_EQ(XuiRootCanvas()->height, 320u);
-    EXPECT_EQ(XuiStatusbarCanvas()->height, 20u);
+    EXPECT_EQ(std::make_tuple(XuiRootCanvas()->width, XuiRootCanvas()->height, XuiStatusbarCanvas()->height),
+              std::make_tuple(240u, 320u, 20u));
 }
 
 TEST_F(XuiRenderer, BadHandles_AreRefusedNotFollowed) {

@@ -95,8 +95,7 @@ TEST_F(ImageTest, CopiesAndMoves_OwnTheirHandles) {
 
 TEST_F(ImageTest, Cache_SharesOneImagePerPath_UntilCleared) {
     auto a = ImageResourceCache::getImage(picture);
-    auto b = ImageResourceCache::getImage(picture);
-    EXPECT_EQ(a, b);
+    EXPECT_EQ(ImageResourceCache::getImage(picture), a);
     EXPECT_EQ(xui_host::trace("ImgLoadFromFile").size(), 1u);
     ImageResourceCache::clearCache();
     auto c = ImageResourceCache::getImage(picture);

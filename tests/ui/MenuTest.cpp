@@ -48,6 +48,9 @@ TEST_F(ListItemTest, Decorations_AreAppliedAtEachCall_AndClearedLazily) {
     EXPECT_EQ(drawn(item).back(), "text 0xffeceff1 \"> Sale <\"");
     item.suffix("!");
     EXPECT_EQ(drawn(item).back(), "text 0xffeceff1 \"Sale!\"");
+    item.clearDecorators(); // both ends, whichever is set next
+    item.prefix("* ");
+    EXPECT_EQ(drawn(item).back(), "text 0xffeceff1 \"* Sale\"");
     item.setMenuItem(MenuItem(2, "Refund", false));
     EXPECT_EQ(drawn(item).back(), "text 0xffeceff1 \"Refund\"");
     EXPECT_EQ(item.getMenuItem().getId(), 2);

@@ -122,7 +122,8 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
         emoji += "\xF0\x9F\x92\xB3\x80"; // a card, and a byte outside any character
         accents += "\xC3\xA9\x80";       // an e acute, and the same
         euros += "\xE2\x82\xAC\x80";     // a euro sign, and the same
-        strays += "a\x80";               // a letter, and the same: each a character of its own
+        // Bytes no character starts with, each one of its own; each length's lowest lead, whole.
+        strays += "a\x80\xF8\x80\xC0\x80\xE0\x80\x80\xF0\x80\x80\x80";
     }
     const struct {
         std::string text;
@@ -137,7 +138,7 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
                  {emoji, 300, 179},
                  {accents, 300, 114},
                  {euros, 300, 146},
-                 {strays, 300, 81}};
+                 {strays, 300, 974}};
     for (const auto& c : cases) {
         int measured = 0;
         ui::detail::wrapText(c.text, c.width, [&](const char* s) {

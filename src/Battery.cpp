@@ -2,6 +2,7 @@
 
 #include <osal/device.hpp>
 
+#include <algorithm>
 #include <atomic>
 
 namespace ui {
@@ -38,7 +39,7 @@ Battery::~Battery() = default;
 void Battery::setValue(int level) {
     if (level > 6)
         return;
-    status_.store(level < 0 ? 0 : level, std::memory_order_release);
+    status_.store(std::max(level, 0), std::memory_order_release);
 }
 
 void Battery::draw(_XuiWindow* canvas) {

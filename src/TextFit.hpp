@@ -240,7 +240,7 @@ std::vector<std::string> wrapText(const std::string& text, unsigned int width, M
             addLine(std::string(current)); // full to the pixel; kept untrimmed
             words.advance();
         } else if (const auto space = words.lastSpace(); space != std::string_view::npos) {
-            addLine(trim(std::string(current.substr(0, space + 1)), " "));
+            addLine(trim(std::string(current.substr(0, space)), " "));
             words.restartAtWord(); // the word that overflowed starts the next line
         } else {
             // One word too wide for the line: its longest prefix that fits, at least one

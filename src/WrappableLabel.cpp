@@ -66,7 +66,7 @@ void WrappableLabel::wrapText(const std::string& text) {
                 line = std::string(current);
                 words.advance();
             } else if (const auto space = words.lastSpace(); space != std::string_view::npos) {
-                line = trim(std::string(current.substr(0, space + 1)), " ");
+                line = trim(std::string(current.substr(0, space)), " ");
                 words.restartAtWord();
             } else {
                 // No minimum here: when not even one character fits the line stays empty and

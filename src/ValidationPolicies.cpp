@@ -16,15 +16,15 @@ bool isDigitKey(Key key) {
 // saturates instead of overflowing, so a long digit string reads as 2147483647. Leading blanks
 // and a sign are allowed; reading stops at the first non-digit.
 long long saturatedValue(const std::string& text) {
-    std::size_t i = 0;
-    while (i < text.size() && std::isspace(static_cast<unsigned char>(text[i])))
-        ++i;
+    const char* p = text.c_str(); // the NUL at the end stops every loop below
+    while (std::isspace(static_cast<unsigned char>(*p)))
+        ++p;
     bool negative = false;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-'))
-        negative = text[i++] == '-';
+    if (*p == '+' || *p == '-')
+        negative = *p++ == '-';
     long long value = 0;
-    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
-        value = value * 10 + (text[i] - '0');
+    for (; *p >= '0' && *p <= '9'; ++p) {
+        value = value * 10 + (*p - '0');
         if (value > INT32_MAX)
             return negative ? INT32_MIN : INT32_MAX;
     }

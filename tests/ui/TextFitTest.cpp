@@ -133,6 +133,7 @@ TEST_F(TextFitTest, ALongWordCostsTheMeasurementsOfTheSearch) {
                  // a long word whose line holds all but its last character
                  {std::string(70, 'a'), ui::fonts::GetTextWidth(std::string(69, 'a').c_str()), 13},
                  {std::string(60, 'a'), 70, 29},  // short enough to be measured whole first
+                 {std::string(64, 'a'), 1000, 1}, // and the longest such text, which fits, once
                  {std::string(65, 'a'), 1000, 8}, // one byte too long for that: by prefixes, though all fits
                  {narrowThenWide, 300, 460},
                  {emoji, 300, 179},

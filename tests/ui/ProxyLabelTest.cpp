@@ -102,7 +102,7 @@ TEST_F(TitleTest, TheBandRunsToTheScreensFullWidthFromItsX_ThenCaptionThenWidget
               std::to_string(10 + 50 - ui::fonts::GetTextWidth("Welcome") / 2) + ",6 0xff0f1c2e");
 
     ui::Title full(1, nullptr);
-    EXPECT_EQ(full.getWidth(), 320u);
+    EXPECT_EQ(test::box(full), "0 0 320 20"); // the screen's first line
     full.setString("Settings");
     EXPECT_EQ(test::texts(test::drawCalls(full)), Texts{"Settings"});
     osal::host::setString(2, "Sale");

@@ -59,7 +59,7 @@ public:
     bool openGraphicsDevice();
     void initializeFrameBuffers();
     struct CanvasSize {
-        unsigned width = 0, height = 0;
+        unsigned width, height;
     };
     void switchBuffers(_XuiWindow** a, _XuiWindow** b, const CanvasSize& size);
     void closeGraphicsDevice();
@@ -72,8 +72,8 @@ private:
     std::atomic<bool> running{true};
     std::atomic<bool> open{false};
     // The canvases' sizes as created: a canvas that Xui has freed behind our back is never read.
-    CanvasSize mainSize;
-    CanvasSize headerSize;
+    CanvasSize mainSize{};
+    CanvasSize headerSize{};
     _XuiWindow* mainBack = nullptr;
     _XuiWindow* mainFront = nullptr;
     mutable std::mutex canvasMutex;

@@ -169,6 +169,11 @@ bool waitUntilSettled(std::chrono::milliseconds timeout) {
     auto& a = activity();
     const auto caller = std::this_thread::get_id();
     std::unique_lock<std::mutex> lock(a.mutex);
+    // Waiting for the others is a wait for someone: whatever signal woke this thread last, it is
+    // done with it. Otherwise a test's thread woken by a reply it asked for would stay "at work"
+    // for the rest of the process, and a later wait from another thread would never settle.
+    if (const auto it = a.threads.find(caller); it != a.threads.end())
+        it->second.busy = false;
     return a.changed.wait_for(lock, timeout, [&] { return settled(a, caller); });
 }
 

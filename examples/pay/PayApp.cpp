@@ -8,7 +8,7 @@ PayApp::PayApp(const PayOptions& options) : ui_(options.display) {
     header_ = std::make_shared<app::StatusHeader>();
     graphics_->getWindow()->setHeader(header_);
     ui_.enableContactless(app::StatusHeader::kIndicatorArea, options.indicator);
-    screen_ = std::make_shared<PayScreen>();
+    screen_ = std::make_shared<PayScreen>(thread_);
     graphics_->setContext(screen_);
     graphics_->update();
 }

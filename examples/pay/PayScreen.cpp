@@ -14,7 +14,8 @@ void redraw() {
 
 } // namespace
 
-PayScreen::PayScreen() : PromptScreen(ui::input::createCurrencyPrompt(1, 99999, 2, "\xC2\xA3", ".")) {
+PayScreen::PayScreen(app::AppThread& thread)
+    : PromptScreen(ui::input::createCurrencyPrompt(1, 99999, 2, "\xC2\xA3", ".")), thread_(thread) {
     prompt().setText(EnterAmount);
     ui::input::AlignCenter(prompt());
     status_ = std::make_shared<ui::Label>(0, 170, 320, 30);
@@ -25,7 +26,7 @@ PayScreen::PayScreen() : PromptScreen(ui::input::createCurrencyPrompt(1, 99999, 
     onEnter = [this](const std::string& entry) {
         amount_ = std::stol(entry);
         showStatus(PresentCard);
-        ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready);
+        thread_.post([] { ui::ServiceLocator::updateContactlessIndicator(ui::State::Ready); });
         return true;
     };
 }

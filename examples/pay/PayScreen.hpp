@@ -3,6 +3,7 @@
 // and plays the indicator's sequence.
 #pragma once
 
+#include <ui/app/AppThread.hpp>
 #include <ui/app/Screen.hpp>
 #include <ui/ui.hpp>
 
@@ -13,7 +14,9 @@ namespace pay {
 
 class PayScreen : public app::PromptScreen {
 public:
-    PayScreen();
+    // Enter readies the indicator on the application's thread: a key handler runs on the keypad
+    // thread, which comes after the indicator's locks in the library's lock order.
+    explicit PayScreen(app::AppThread& thread);
 
     // From the card reader's thread: approved or declined.
     void cardTapped(bool approved);
@@ -25,6 +28,7 @@ public:
 private:
     void showStatus(int text);
 
+    app::AppThread& thread_;
     std::shared_ptr<ui::Label> status_;
     long amount_ = 0;
 };

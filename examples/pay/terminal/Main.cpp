@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
     }
     for (const auto key : {device::input::KEY_1, device::input::KEY_2, device::input::KEY_5,
                            device::input::KEY_0, device::input::KEY_ENTER})
-        app.graphics().injectKeyPress(key);
+        app.graphics().getWindow()->injectKeyPress(key); // the keypad's path
     const auto deadline = std::chrono::steady_clock::now() + 30s;
     while (!reader.tapped() && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(50ms);

@@ -41,8 +41,9 @@ protected:
         ASSERT_TRUE(terminal.waitForLeds("1000"));
     }
 
+    app::AppThread thread; // first: it outlives any key the terminal still delivers
     ui::kit::Terminal terminal;
-    std::shared_ptr<pay::PayScreen> screen = std::make_shared<pay::PayScreen>();
+    std::shared_ptr<pay::PayScreen> screen = std::make_shared<pay::PayScreen>(thread);
 };
 
 // As the README shows it, in German.
@@ -50,11 +51,12 @@ TEST(PayScreen, AnApprovedTapShowsApproved) {
     ui::kit::TerminalOptions options; // 320 x 240, 32-pixel status bar, clock pinned
     options.strings = PAY_STRINGS;    // the application's en.txt (examples/pay/CMakeLists.txt names it)
     options.language = "de";          // de.txt beside en.txt; formats stay the terminal's
+    app::AppThread thread;            // where the screen's key handlers hand their work
     ui::kit::Terminal terminal(options);
     // The LEDs in the header's left corner, with the card schemes' default tones: success
     // 1500 Hz for 500 ms; the alert 750 Hz for 200 ms, twice.
     terminal.ui().enableContactless({0, 0, 68, 32}, CtlsStatusIndicatorConfiguration{});
-    auto screen = std::make_shared<pay::PayScreen>();
+    auto screen = std::make_shared<pay::PayScreen>(thread);
     terminal.onTap([&](bool approved) { screen->cardTapped(approved); });
     terminal.show(screen);         // the screen is on the panel when this returns
     terminal.type("1250");         // through Xui, the keypad thread and the window

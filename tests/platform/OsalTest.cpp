@@ -1,10 +1,12 @@
 // The platform-support stand-in: the behaviours the library builds on.
 #include "Support.hpp"
 
+#include <osal/event.hpp>
 #include <osal/localization.hpp>
 #include <osal/strings.hpp>
 
 #include <fstream>
+#include <thread>
 
 namespace {
 
@@ -41,6 +43,23 @@ TEST_F(Osal, Localization_UnknownIdThrows_TableLoadsFromFile) {
     EXPECT_EQ(Localization::getLocalizedString(2), " Refund=ok");
     EXPECT_FALSE(osal::host::loadStrings("no/such/file"));
     EXPECT_EQ(Localization::getLocalizedString(1), "Sale");
+}
+
+// A thread woken by a signal is at work on it until it waits for someone again, and waiting for
+// the others to settle is such a wait: a settle wait from any thread ends after it.
+TEST_F(Osal, AThreadWaitingForTheOthersIsDoneWithTheSignalThatWokeIt) {
+    const auto settledElsewhere = [](std::chrono::milliseconds limit, bool settled = false) {
+        std::thread([&] { settled = osal::host::waitUntilSettled(limit); }).join();
+        return settled;
+    };
+    AutomaticResetEvent<> reply;
+    std::mutex mutex;
+    std::unique_lock<std::mutex> lock(mutex);
+    std::thread([&] { reply.notify_one(); }).join(); // from a thread at rest: a request
+    reply.wait(lock);
+    EXPECT_FALSE(settledElsewhere(std::chrono::milliseconds(50))) << "at work on the request";
+    EXPECT_TRUE(osal::host::waitUntilSettled(std::chrono::seconds(5)));
+    EXPECT_TRUE(settledElsewhere(std::chrono::seconds(5))) << osal::host::unsettled();
 }
 
 } // namespace

@@ -43,15 +43,6 @@ TEST(KitTerminalTest, TypesWithThePauseAsked_AndShowsTheHeadersState) {
     EXPECT_THAT(terminal.texts(), testing::Not(ui::kit::ShowsText("8")));
 }
 
-std::string settleFails(ui::kit::Terminal& terminal) {
-    try {
-        terminal.settle();
-    } catch (const std::runtime_error& e) {
-        return e.what();
-    }
-    return "";
-}
-
 // A key handler that throws is logged by the library, and the test fails; a draw that throws
 // leaves no frame, and the settle that waited for one names it. A test that expects them takes
 // them.
@@ -67,7 +58,8 @@ TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt
     EXPECT_NONFATAL_FAILURE(pressOnAScreenThatThrows(),
                             "the library caught and logged an exception: KeyBoard:");
     ui::kit::Terminal terminal(quick());
-    EXPECT_THAT(settleFails(terminal), testing::EndsWith("ms; is a view set?"));
+    const auto settle = [&] { terminal.settle(); };
+    EXPECT_THAT(settle, testing::ThrowsMessage<std::runtime_error>(testing::EndsWith("ms; is a view set?")));
     auto screen = std::make_shared<ui::kit::RecordingScreen>();
     std::atomic<bool> throws{true};
     screen->onDraw = [&](_XuiWindow*) {
@@ -75,7 +67,8 @@ TEST(KitTerminalTest, AnExceptionTheLibraryLogsFailsTheTest_UnlessTheTestTakesIt
             throw std::runtime_error("no font");
     };
     terminal.graphics().setContext(screen);
-    EXPECT_THAT(settleFails(terminal), testing::HasSubstr("ms; the library logged GraphicsDevice:"));
+    EXPECT_THAT(settle, testing::ThrowsMessage<std::runtime_error>(
+                            testing::HasSubstr("ms; the library logged GraphicsDevice:")));
     throws = false;
     terminal.settle(); // no draw that throws is under way
     EXPECT_THAT(terminal.takeExceptions(), testing::Each(testing::EndsWith(": no font")));

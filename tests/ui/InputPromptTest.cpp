@@ -13,20 +13,6 @@ using test::pound;
 using Lines = std::vector<std::string>;
 
 using namespace std::chrono_literals;
-using device::input::Key;
-
-// The support library's prompt screen, as an application shows one, counting the keys it has
-// handled.
-class PromptView : public app::PromptScreen {
-public:
-    explicit PromptView(ui::input::InputPrompt prompt) : PromptScreen(std::move(prompt), 0, 0, 320, 216) {}
-    void handleKeyPress(const Key& key) override {
-        PromptScreen::handleKeyPress(key);
-        if (key != device::input::KEY_NONE)
-            ++handled;
-    }
-    std::atomic<int> handled{0};
-};
 
 // The whole stack on the testing kit: keys pushed into the graphics stand-in reach the prompt
 // on the keypad thread, and the rendering thread draws it. Multi-tap runs on the virtual clock.
@@ -48,7 +34,7 @@ protected:
 
     void show(const ui::input::InputPrompt& prompt) {
         osal::host::advanceTime(750ms); // whatever was typed before, a new character starts
-        view = std::make_shared<PromptView>(prompt);
+        view = std::make_shared<app::PromptScreen>(prompt, 0, 0, 320, 216); // as an application shows one
         terminal.show(view);
     }
 
@@ -68,7 +54,7 @@ protected:
     }
 
     ui::kit::Terminal terminal;
-    std::shared_ptr<PromptView> view;
+    std::shared_ptr<app::PromptScreen> view;
 };
 
 // Each kind of prompt as it is typed, in steps "keys:shown" ('C' clear, 'X' cancel, 'P' a pause of

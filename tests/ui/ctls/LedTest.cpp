@@ -49,32 +49,27 @@ TEST_F(LedTest, CopiesAndAssignmentsTakeStateAndPictures) {
     EXPECT_TRUE(other.isOn());
 }
 
-TEST_F(LedTest, StripCentresEachLedInItsSlot_FromZeroWhateverItsOwnX) {
+// Each LED centred in its slot, from 0 whatever its own x. The bound test refuses only indices
+// above the count: the count passes it, with no LED there to read or switch.
+TEST_F(LedTest, StripCentresEachLedInItsSlot_AndRefusesOnlyIndicesAboveTheCount) {
     ui::LedStrip strip(40, 0, 100, 24);
     for (int i = 0; i < 4; ++i)
         strip.addLed(ui::Led(0, 2, 15, 15, green, black));
     strip.setLed(2, true);
     EXPECT_EQ(drawn(strip), (Drawn{"off@6", "off@31", "on@56", "off@81"}));
-
-    ui::LedStrip one(0, 0, 100, 24);
-    one.addLed(ui::Led(0, 2, 15, 15, green, black));
-    EXPECT_EQ(drawn(one), Drawn{"off@43"});
-}
-
-TEST_F(LedTest, StripBoundTest_RefusesOnlyIndicesAboveTheCount) {
-    ui::LedStrip strip(0, 0, 100, 24);
-    for (int i = 0; i < 4; ++i)
-        strip.addLed(ui::Led(0, 2, 15, 15, green, black));
     strip.setAll(true);
     for (unsigned i = 0; i < 4; ++i)
         EXPECT_TRUE(strip.getLed(i)) << i;
-    // The count passes the test but there is no LED to read or switch; above it is refused.
     strip.setLed(4, true);
     EXPECT_FALSE(strip.getLed(4));
     strip.setLed(5, false);
     EXPECT_FALSE(strip.getLed(5));
     strip.setAll(false);
     EXPECT_EQ(drawn(strip), (Drawn{"off@6", "off@31", "off@56", "off@81"}));
+
+    ui::LedStrip one(0, 0, 100, 24);
+    one.addLed(ui::Led(0, 2, 15, 15, green, black));
+    EXPECT_EQ(drawn(one), Drawn{"off@43"});
 }
 
 } // namespace

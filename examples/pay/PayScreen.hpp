@@ -14,8 +14,8 @@ namespace pay {
 
 class PayScreen : public app::PromptScreen {
 public:
-    // Enter readies the indicator on the application's thread: a key handler runs on the keypad
-    // thread, which comes after the indicator's locks in the library's lock order.
+    // Enter readies the indicator on the application's thread: a key handler runs under the
+    // keyboard's lock, which comes after the indicator's locks in the library's lock order.
     explicit PayScreen(app::AppThread& thread);
 
     // From the card reader's thread: approved or declined.

@@ -175,16 +175,9 @@ public:
     std::string_view current() const {
         return joined_ ? std::string_view(line_) : std::string_view(words_[cursor_]).substr(offset_);
     }
-    // Where the last space of the current text is; each word is searched once, not once a line.
-    std::size_t lastSpace() {
-        if (joined_)
-            return line_.rfind(' ');
-        if (searched_ != cursor_) {
-            searched_ = cursor_;
-            space_ = words_[cursor_].rfind(' ');
-        }
-        return space_ == std::string::npos || space_ < offset_ ? std::string_view::npos : space_ - offset_;
-    }
+    // Where the last space of the current text is. A word holds no spaces (the text was split
+    // on them), so only a text joined from several words has one.
+    std::size_t lastSpace() const { return joined_ ? line_.rfind(' ') : std::string_view::npos; }
     // Adds a space and the next word to the current text; the cursor moves to that word.
     void appendNextWord() {
         if (!joined_) {
@@ -213,8 +206,6 @@ private:
     std::size_t offset_ = 0;
     bool joined_ = false;
     std::string line_;
-    std::size_t searched_ = std::string::npos; // the word whose last space is space_
-    std::size_t space_ = std::string::npos;
 };
 
 // Greedy breaking on spaces (see WrapText) with the given measure.

@@ -6,7 +6,6 @@
 #include <osal/strings.hpp>
 
 #include <fstream>
-#include <thread>
 
 namespace {
 

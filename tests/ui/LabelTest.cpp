@@ -85,14 +85,15 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
     source.verticalAlignment(false); // at the top of its 40 pixels, not 10 lower
     source.setColor(0x00FF00FF);
     source.setVisible(false);
-    // What a label looks like drawn: its x and y (the alignments), colour and text.
+    // What a label looks like drawn: its x and y (the alignments), font size, colour and text.
     const auto looks = [&](ui::Label& l) {
         const auto calls = drawn(l);
         return calls.empty() ? std::string()
-                             : calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[6] + " " +
-                                   calls[0].args[7];
+                             : calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[3] + " " +
+                                   calls[0].args[6] + " " + calls[0].args[7];
     };
-    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 2 0xff00ff00 \"Sale\"";
+    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 2 " +
+                             std::to_string(ui::fonts::getFontSize()) + " 0xff00ff00 \"Sale\"";
 
     ui::Label copy(source);
     EXPECT_TRUE(copy.isVisible());
@@ -111,6 +112,7 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
 
     ui::Label target(9, 9, 9, 9);
     target.setText("X");
+    target.setFontSize(30);
     target = std::move(moved);
     EXPECT_EQ(target.getText(), "Sale");
     EXPECT_EQ(looks(target), sale);

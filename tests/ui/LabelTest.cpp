@@ -92,8 +92,7 @@ TEST_F(LabelTest, CopiesAndMoves_FollowTheirOwnVisibilityRules) {
                              : calls[0].args[1] + " " + calls[0].args[2] + " " + calls[0].args[3] + " " +
                                    calls[0].args[6] + " " + calls[0].args[7];
     };
-    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 2 " +
-                             std::to_string(ui::fonts::getFontSize()) + " 0xff00ff00 \"Sale\"";
+    const std::string sale = std::to_string(1 + 100 - width("Sale") / 2) + " 2 20 0xff00ff00 \"Sale\"";
 
     ui::Label copy(source);
     EXPECT_TRUE(copy.isVisible());

@@ -112,8 +112,9 @@ TEST_F(ListBoxTest, TenItemsInAHundredPixels_ScrollDownAndWrapUp) {
     EXPECT_EQ(list.getSelectedElementAt(9)->getHeight(), 20u); // items made 0 high: a line, at once
     ui::ListBox narrow(0, 0, 150, 100, {ui::ListItem(0, 0, 0, 40, MenuItem(1, "x", false))});
     EXPECT_EQ(narrow.getSelectedElementAt(0)->getWidth(), 150u); // made 0 wide: the list's, at once
-    const auto rect = test::drawCalls(narrow, "CanvasDrawRect")[0].args;
-    EXPECT_EQ(rect[3] + " " + rect[4], "150 20"); // made 0 wide: the list's; any row is a line high
+    ui::ListBox wide(0, 0, 150, 100, {ui::ListItem(0, 0, 90, 40, MenuItem(1, "x", false))});
+    const auto rect = test::drawCalls(wide, "CanvasDrawRect")[0].args;
+    EXPECT_EQ(rect[3] + " " + rect[4], "150 20"); // any row is drawn as wide as the list, a line high
     for (int i = 0; i < 4; ++i)
         list.down();
     EXPECT_EQ(selectedId(list), 4);

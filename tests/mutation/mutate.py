@@ -7,7 +7,8 @@ the suite in one process, stopping at its first failure, and restores the file w
 happens. A mutant is caught when the run fails or outlives its time limit (its whole process
 group is then ended), survives when the run passes, and is not counted when it does not
 compile. Survivors listed in equivalent.txt beside this script are named as equivalent (they
-change no behaviour) and still count as survivors.
+change no behaviour) and still count as survivors; each score says how many of its survivors are
+named, and an entry that names no mutant of today's sources (an edit moved it) is reported first.
 
 The sample is drawn with a seed from every candidate in a stable order, so the same seed over
 the same sources draws the same mutants. Without --seed each run draws a fresh seed, and prints
@@ -177,17 +178,26 @@ def main():
     samples = {seed: random.Random(seed).sample(pool, min(args.count, len(pool))) for seed in seeds}
     sample = list({m.name: m for seed in seeds for m in samples[seed]}.values())
     print(f"{len(pool)} candidate mutants in {len(files)} files; {len(sample)} drawn", flush=True)
-    if args.list:
-        for mutant in sample:
-            print("  " + mutant.name)
-        return 0
-
     equivalent = {}
     if EQUIVALENT.exists():
         for line in EQUIVALENT.read_text().splitlines():
             if line.strip() and not line.startswith("#"):
                 name, _, reason = line.partition(" | ")
                 equivalent[name.strip()] = reason.strip()
+    # An entry names a mutant by line and column, so an edit above it silently unnames it: its
+    # survivor would then read as a new fault. Say so before spending half an hour.
+    names = {m.name for m in pool}
+    mutated = {str(path.relative_to(ROOT)) for path in files}
+    stale = [name for name in equivalent if name.split(":")[0] in mutated and name not in names]
+    if stale:
+        print(f"{EQUIVALENT.name}: {len(stale)} entries name no mutant of today's sources (moved or gone):")
+        for name in stale:
+            print("  " + name)
+    if args.list:
+        for mutant in sample:
+            print("  " + mutant.name)
+        return 0
+
 
     build = ["cmake", "--build", args.build, "--target", "ui_tests"]
     tests = [f"{args.build}/bin/ui_tests", "--gtest_fail_fast", "--gtest_brief=1",
@@ -246,7 +256,10 @@ def main():
         caught = sum(1 for m in samples[seed] if verdicts[m.name] == "caught")
         scored = caught + sum(1 for m in samples[seed] if verdicts[m.name] == "survived")
         if scored:
-            print(f"score with seed {seed}: {100 * caught / scored:.1f} % ({caught}/{scored})")
+            survived = [m for m in samples[seed] if verdicts[m.name] == "survived"]
+            named = sum(1 for m in survived if m.name in equivalent)
+            print(f"score with seed {seed}: {100 * caught / scored:.1f} % ({caught}/{scored}); "
+                  f"{len(survived)} survived, {named} of them named equivalent")
     return 0
 
 

@@ -198,7 +198,6 @@ def main():
             print("  " + mutant.name)
         return 0
 
-
     build = ["cmake", "--build", args.build, "--target", "ui_tests"]
     tests = [f"{args.build}/bin/ui_tests", "--gtest_fail_fast", "--gtest_brief=1",
              "--gtest_filter=-" + ":".join(SLOW_TESTS)]
@@ -254,9 +253,9 @@ def main():
                 print(f"    {mutant.name[len(file) + 1:]}" + (f"  (equivalent: {reason})" if reason else ""))
     for seed in seeds:
         caught = sum(1 for m in samples[seed] if verdicts[m.name] == "caught")
-        scored = caught + sum(1 for m in samples[seed] if verdicts[m.name] == "survived")
+        survived = [m for m in samples[seed] if verdicts[m.name] == "survived"]
+        scored = caught + len(survived)
         if scored:
-            survived = [m for m in samples[seed] if verdicts[m.name] == "survived"]
             named = sum(1 for m in survived if m.name in equivalent)
             print(f"score with seed {seed}: {100 * caught / scored:.1f} % ({caught}/{scored}); "
                   f"{len(survived)} survived, {named} of them named equivalent")
